@@ -1,0 +1,58 @@
+#pragma once
+
+#include "Gorvel/HostExport.h"
+
+#include <QByteArray>
+
+#include <functional>
+
+#if defined(__GNUC__)
+#define GORVEL_PRINTF_FORMAT __attribute__((format(printf, 1, 2)))
+#else
+#define GORVEL_PRINTF_FORMAT
+#endif
+
+namespace Gorvel {
+
+/// The way of all messages from the libraries to the application.
+///
+///     Gorvel::Trace::setSink([](Gorvel::Trace::Level level, const QByteArray& message) { log(level, message); });
+///     Gorvel::Trace::warning("Unsupported value for %s: %s", name.constData(), text.constData());
+///
+/// May be used from any thread. Messages have no limit of length and no newline at their end.
+class BRISKO_HOST_EXPORT Trace {
+public:
+    /// How much a message matters, least first.
+    enum class Level { Debug, Warning, Error };
+
+    /// Receives messages, each complete and without a newline. Called on the thread that sends the message, maybe on
+    /// several at once. What a sink itself sends goes to the default sink.
+    using Sink = std::function<void(Level, const QByteArray& message)>;
+
+    // The formats are those of printf; %s takes UTF-8.
+    static void error(const char* format, ...) GORVEL_PRINTF_FORMAT;
+    static void warning(const char* format, ...) GORVEL_PRINTF_FORMAT;
+    /// Sends a message only while debug messages are enabled; otherwise nothing is formatted.
+    static void debug(const char* format, ...) GORVEL_PRINTF_FORMAT;
+
+    /// Replaces the sink. An empty one restores the default, which writes the messages to stderr, a line each.
+    /// @return the sink so far, empty where that was the default
+    static Sink setSink(Sink sink);
+
+    /// Switches debug messages on or off; off at the start.
+    static void setDebugEnabled(bool enabled);
+    static bool isDebugEnabled();
+
+    /// Drops the messages of this thread while it lives. Such objects nest.
+    class BRISKO_HOST_EXPORT Muted {
+    public:
+        Muted();
+        ~Muted();
+        Muted(const Muted&) = delete;
+        Muted& operator=(const Muted&) = delete;
+    };
+};
+
+} // namespace Gorvel
+
+#undef GORVEL_PRINTF_FORMAT

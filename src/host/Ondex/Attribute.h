@@ -1,0 +1,162 @@
+#pragma once
+
+#include "Gorvel/ArrayMap.h"
+#include "Gorvel/HostExport.h"
+#include "Ondex/Serializable.h"
+#include "Pemmit/Vector.h"
+
+#include <QByteArray>
+#include <QFlags>
+#include <QList>
+#include <QString>
+
+#include <functional>
+#include <memory>
+
+namespace Gorvel {
+class BinaryData;
+}
+
+namespace Ondex {
+
+class Node;
+class StyleValue;
+class TransitionAnim;
+
+/// A named value of a node that keeps one value per layer; the highest layer that holds one is effective.
+///
+///     Ondex::AttributeT<float> width(&node, "width", 100.f);
+///     width.set(50.f, Ondex::Attribute::StyleLayer, Ondex::Attribute::VU_PXS);
+///     width.asFloat(nullptr, Ondex::Attribute::EffectiveLayer); // 50
+///
+/// An attribute registers with its host node when it is made and leaves it when it is destroyed. The host deletes the
+/// attributes that it still has when it goes, but not those marked as owned by a shorthand: the shorthand does that.
+/// Not copyable; used on the thread that owns the node.
+class BRISKO_HOST_EXPORT Attribute : public Serializable {
+public:
+    /// Number of a layer; a higher one outranks a lower one.
+    using Layer = int;
+    static constexpr Layer EffectiveLayer = -1;     ///< asks for the value of the highest layer that holds one
+    static constexpr Layer DefaultLayer = 0;        ///< what holds where nothing was set
+    static constexpr Layer StyleLayer = 1;          ///< normal declarations of style sheets
+    static constexpr Layer UserLayer = 2;           ///< program code
+    static constexpr Layer ImportantStyleLayer = 3; ///< important declarations of style sheets
+    static constexpr Layer AnimationLayer = 4;      ///< a running transition
+
+    /// Unit of a number, as stored; the numeric codes are fixed.
+    enum ValueUnit { VU_UNKNOWN = 0, VU_PXS = 1, VU_PERCENTAGE = 2, VU_EMS = 3, VU_EXS = 4 };
+
+    /// What an archive asks for when it writes an attribute.
+    enum SerializationOption {
+        SerializeUserLayer = 0x0,     ///< the user layer, where it holds a value
+        SerializeEffectiveValue = 0x1 ///< the effective value, unless only the default layer holds one
+    };
+    Q_DECLARE_FLAGS(SerializationOptions, SerializationOption)
+
+    /// Makes an attribute called @p name and adds it to @p host, which may be null.
+    Attribute(Node* host, const QByteArray& name);
+    ~Attribute() override;
+
+    // The virtual operations of this class and of Serializable come in a fixed order: derived classes of other
+    // libraries rely on their places in the table.
+    void serialize(Archive& archive) const override;
+    bool deserialize(const ArchiveElement& element) override;
+    bool deserializeXML(const DOMElement& element) override;
+    /// Delivers an event to this attribute; a node hands it to those who subscribed.
+    virtual void eventProcess(const QByteArray& event, Gorvel::BinaryData& data);
+    /// The value of @p layer as a number. @p ok, which may be null, tells whether there is one; else 0.
+    virtual float asFloat(bool* ok, Layer layer) const;
+    virtual int asInt(bool* ok, Layer layer) const;
+    /// The value of @p layer as text that set(const QString&) reads back; empty where there is none.
+    virtual QString asString(bool* ok, Layer layer) const;
+    // Each set() answers false when the attribute cannot take the value; its value is then unchanged.
+    virtual bool set(const StyleValue& value, Layer layer);
+    virtual bool set(const Pemmit::Vector4T<float>& value, Layer layer, QList<ValueUnit> units);
+    virtual bool set(const Pemmit::Vector3T<float>& value, Layer layer, QList<ValueUnit> units);
+    virtual bool set(const Pemmit::Vector2T<float>& value, Layer layer, QList<ValueUnit> units);
+    virtual bool set(const QString& value, Layer layer, ValueUnit unit);
+    virtual bool set(int value, Layer layer, ValueUnit unit);
+    virtual bool set(float value, Layer layer, ValueUnit unit);
+    /// Name of the value type, such as "float"; empty for an attribute without a value of its own.
+    virtual QByteArray type() const;
+    /// Sets on layer @p to what layer @p from holds; clears @p to where @p from holds nothing.
+    virtual void copyValueFromLayer(Layer from, Layer to);
+    /// Whether a layer above the default one holds a value.
+    virtual bool isChanged() const;
+    /// Removes the value of @p layer. The default layer keeps its value.
+    virtual void clearValue(Layer layer);
+    /// Splits @p value into the parts of the longhands of this attribute.
+    /// @return true when this is a shorthand that took the value; @p parts then has an entry per longhand.
+    ///         False otherwise: the value is meant for this attribute itself.
+    virtual bool handleShorthand(const StyleValue& value, Gorvel::ArrayMap<Attribute*, StyleValue>& parts);
+    virtual bool isValueDefinedOnLayer(Layer layer) const;
+    /// The child attribute called @p name, the first one where there are several; null where there is none.
+    virtual Attribute* attribute(const QByteArray& name) const;
+    /// Makes the effective value the default value and clears the layers above.
+    virtual void setAsDefaults();
+    /// Arms the transition of this attribute; seconds. Two zeros disarm it. A running transition goes on.
+    virtual void setTransitionAnim(float duration, float delay);
+    /// Calls the listeners: by role, lowest first, within a role in the order they were added.
+    virtual void emitChange();
+    /// Tells the host that this attribute is about to go. Called once, by the destructor.
+    virtual void emitDelete();
+
+    Node* host() const { return m_host; }
+    const QByteArray& name() const { return m_name; }
+    /// Renames the attribute; its host finds it under the new name from then on.
+    void setName(const QByteArray& name);
+
+    /// The compound attribute that this longhand belongs to and that deletes it; null for all others.
+    Attribute* ownerShorthand() const { return m_ownerShorthand; }
+    void setOwnerShorthand(Attribute* shorthand) { m_ownerShorthand = shorthand; }
+
+    /// Has @p callback called at every change. @return an id for removeListener().
+    /// A callback may add and remove listeners, set values, and delete attributes, even the one that calls it.
+    /// Listeners removed by a callback are not called any more, listeners added by one from the next change on.
+    long addListener(std::function<void()> callback, int role);
+    /// Ends what addListener() began; an unknown id is ignored.
+    void removeListener(long id);
+
+    /// Duration and delay that setTransitionAnim() armed, in seconds; zeros where it is not armed.
+    float transitionDuration() const;
+    float transitionDelay() const;
+    bool isTransitionArmed() const;
+
+    /// Puts the value at @p progress (0 start to 1 end) of the running transition on the animation layer.
+    /// At 1 or more that layer is cleared and the transition is over. Without a running transition nothing happens.
+    void animatedValueSet(float progress);
+
+    /// Whether an archive writes this attribute, and if so, from which layer.
+    bool layerForSerialization(SerializationOptions options, Layer& layer) const;
+
+protected:
+    /// Hands a new transition to the manager; replaces the one that runs. Null ends it.
+    void startTransition(std::unique_ptr<TransitionAnim> anim);
+    /// The running transition, or null.
+    TransitionAnim* runningTransition() const;
+    /// Whether a change has to run as a transition: it is armed for a time longer than none.
+    bool changesRunAsTransitions() const;
+
+private:
+    friend class Node;
+    struct Listener;
+    class Emission;
+    struct Transition;
+    bool isEmitting() const;
+    void unlinkListener(Listener* previous, Listener* listener);
+    void sweepListeners();
+    void releaseListeners();
+    static void freeListeners(Listener* last);
+
+    bool m_isNode = false; // set by Node, whose children are deleted one after another instead of nested
+    int m_slot = -1;       // place in the host's list of attributes; below -1: in the queue of nodes to delete
+    Node* m_host;
+    QByteArray m_name;
+    Attribute* m_ownerShorthand = nullptr;
+    Listener* m_lastListener = nullptr;       // a ring in order of role; its next one is the first
+    std::unique_ptr<Transition> m_transition; // armed times and the running one; few attributes have any
+};
+
+Q_DECLARE_OPERATORS_FOR_FLAGS(Attribute::SerializationOptions)
+
+} // namespace Ondex

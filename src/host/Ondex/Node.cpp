@@ -1,0 +1,244 @@
+#include "Ondex/Node.h"
+
+#include "Gorvel/Trace.h"
+#include "Ondex/NodeHandlers_p.h"
+#include "Ondex/NodeNameIndex_p.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace Ondex {
+
+namespace {
+
+constexpr int MostWithoutIndex = 8;
+constexpr size_t SmallestToCloseUp = 16;
+
+/// Nodes taken out of nodes that are being deleted. The outermost destructor deletes them one after another, so that
+/// the depth of a tree is not bounded by the stack. Null while no node of this thread is being deleted.
+thread_local std::vector<Node*>* deletionQueue = nullptr;
+
+/// Slot number of a node at @p place of that queue.
+constexpr int queuedSlot(size_t place) {
+    return -2 - static_cast<int>(place);
+}
+
+} // namespace
+
+Node::Node(Node* host, const QByteArray& name) : Attribute(nullptr, name) {
+    m_isNode = true;
+    if (host)
+        host->insert(this);
+}
+
+Node::~Node() {
+    leaveHost();
+    leaveDeletionQueue();
+    m_beingDeleted = true;
+    m_index.reset();
+
+    std::vector<Node*> queue;
+    const bool isOutermost = !deletionQueue;
+    if (isOutermost)
+        deletionQueue = &queue;
+    deleteAttributes();
+    while (isOutermost && !queue.empty()) {
+        Node* node = queue.back();
+        queue.pop_back();
+        if (!node)
+            continue;
+        node->m_slot = -1;
+        delete node;
+    }
+    if (isOutermost)
+        deletionQueue = nullptr;
+}
+
+/// Deletes the attributes and queues the child nodes. Attributes of a shorthand go with it, or merely leave.
+void Node::deleteAttributes() {
+    const size_t queued = deletionQueue->size();
+    for (size_t i = 0; i < m_slots.size(); ++i) {
+        Attribute* attribute = m_slots[i];
+        if (!attribute || attribute->m_ownerShorthand)
+            continue;
+        if (attribute->m_isNode) {
+            m_slots[i] = nullptr;
+            attribute->m_host = nullptr;
+            attribute->m_slot = queuedSlot(deletionQueue->size());
+            deletionQueue->push_back(static_cast<Node*>(attribute));
+        } else {
+            delete attribute;
+        }
+    }
+    for (Attribute* attribute : m_slots) {
+        if (!attribute)
+            continue;
+        attribute->m_host = nullptr;
+        attribute->m_slot = -1;
+    }
+    m_slots.clear();
+    // The queue is emptied from its end: turned round, the first child goes first.
+    std::reverse(deletionQueue->begin() + static_cast<std::ptrdiff_t>(queued), deletionQueue->end());
+    for (size_t i = queued; i < deletionQueue->size(); ++i) {
+        if (Node* node = (*deletionQueue)[i])
+            node->m_slot = queuedSlot(i);
+    }
+}
+
+/// Keeps the queue from deleting this node, which is deleted or adopted by someone else.
+void Node::leaveDeletionQueue() {
+    if (m_slot >= -1)
+        return;
+    (*deletionQueue)[static_cast<size_t>(-2 - m_slot)] = nullptr;
+    m_slot = -1;
+}
+
+void Node::leaveHost() {
+    if (host())
+        host()->erase(this);
+}
+
+QByteArray Node::type() const {
+    return QByteArrayLiteral("Node");
+}
+
+bool Node::isChanged() const {
+    for (const Attribute* attribute : m_slots) {
+        if (attribute && !attribute->m_isNode && attribute->isChanged())
+            return true;
+    }
+    return false;
+}
+
+Attribute* Node::attribute(const QByteArray& name) const {
+    if (m_index) {
+        Attribute* value = m_index->first(name, NameIndex::Values);
+        Attribute* node = m_index->first(name, NameIndex::Nodes);
+        return !node || (value && value->m_slot < node->m_slot) ? value : node;
+    }
+    for (Attribute* attribute : m_slots) {
+        if (attribute && attribute->m_name == name)
+            return attribute;
+    }
+    return nullptr;
+}
+
+/// The first attribute of that name that is not a node.
+Attribute* Node::valueAttribute(const QByteArray& name) const {
+    if (m_index)
+        return m_index->first(name, NameIndex::Values);
+    for (Attribute* attribute : m_slots) {
+        if (attribute && !attribute->m_isNode && attribute->m_name == name)
+            return attribute;
+    }
+    return nullptr;
+}
+
+QList<Attribute*> Node::attributes() const {
+    QList<Attribute*> result;
+    result.reserve(m_count);
+    for (Attribute* attribute : m_slots) {
+        if (attribute)
+            result.append(attribute);
+    }
+    return result;
+}
+
+int Node::attributeCount() const {
+    return m_count;
+}
+
+void Node::addAttribute(Attribute* attribute) {
+    if (!attribute)
+        return;
+    if (isBelow(attribute)) {
+        Gorvel::Trace::error("Node::addAttribute # %s # Node %s cannot be put below itself", name().constData(),
+                             attribute->name().constData());
+        return;
+    }
+    if (attribute->m_host)
+        attribute->m_host->erase(attribute);
+    insert(attribute);
+}
+
+void Node::removeAttribute(Attribute* attribute) {
+    if (attribute && attribute->m_host == this)
+        erase(attribute);
+}
+
+/// Whether this node is @p attribute or stands below it. Quick where @p attribute has no child nodes.
+bool Node::isBelow(const Attribute* attribute) const {
+    if (attribute == this)
+        return true;
+    if (!attribute->m_isNode || static_cast<const Node*>(attribute)->m_nodeCount == 0)
+        return false;
+    for (const Node* node = host(); node; node = node->host()) {
+        if (node == attribute)
+            return true;
+    }
+    return false;
+}
+
+void Node::insert(Attribute* attribute) {
+    if (attribute->m_isNode)
+        static_cast<Node*>(attribute)->leaveDeletionQueue();
+    attribute->m_host = this;
+    attribute->m_slot = static_cast<int>(m_slots.size());
+    m_slots.push_back(attribute);
+    ++m_count;
+    if (attribute->m_isNode)
+        ++m_nodeCount;
+    if (m_index) {
+        m_index->insert(attribute);
+    } else if (m_count > MostWithoutIndex && !m_beingDeleted) {
+        m_index = std::make_unique<NameIndex>(m_slots);
+    }
+    attributeAdded(attribute);
+}
+
+void Node::erase(Attribute* attribute) {
+    if (m_index)
+        m_index->remove(attribute);
+    m_slots[static_cast<size_t>(attribute->m_slot)] = nullptr;
+    --m_count;
+    if (attribute->m_isNode)
+        --m_nodeCount;
+    attribute->m_host = nullptr;
+    attribute->m_slot = -1;
+    if (!m_beingDeleted)
+        closeUp();
+    attributeRemoved(attribute);
+}
+
+/// Removes the empty slots where half of them are: each removal pays for one slot that moves.
+void Node::closeUp() {
+    if (m_slots.size() < SmallestToCloseUp || static_cast<size_t>(m_count) * 2 > m_slots.size()) {
+        if (m_count == 0)
+            m_slots.clear();
+        return;
+    }
+    std::vector<Attribute*> slots;
+    slots.reserve(static_cast<size_t>(m_count));
+    for (Attribute* attribute : m_slots) {
+        if (!attribute)
+            continue;
+        attribute->m_slot = static_cast<int>(slots.size());
+        slots.push_back(attribute);
+    }
+    m_slots = std::move(slots);
+    m_index = m_count > MostWithoutIndex ? std::make_unique<NameIndex>(m_slots) : nullptr;
+}
+
+void Node::rename(Attribute* attribute, const QByteArray& name) {
+    if (m_index)
+        m_index->remove(attribute);
+    attribute->m_name = name;
+    if (m_index)
+        m_index->insert(attribute);
+}
+
+void Node::attributeAdded(Attribute*) {}
+
+void Node::attributeRemoved(Attribute*) {}
+
+} // namespace Ondex

@@ -1,0 +1,163 @@
+#include "Ondex/StyleValue.h"
+
+#include <QSharedData>
+
+#include <atomic>
+#include <utility>
+#include <vector>
+
+namespace Ondex {
+
+struct StyleValue::List : QSharedData {
+    std::vector<Component> components;
+};
+
+StyleValue::StyleValue() = default;
+StyleValue::StyleValue(int value) : m_single(value) {}
+StyleValue::StyleValue(float value, Attribute::ValueUnit unit) : m_single(value, unit) {}
+StyleValue::StyleValue(const QString& text) : m_single(text) {}
+StyleValue::StyleValue(const QByteArray& keyword) : m_single(keyword) {}
+StyleValue::StyleValue(const Gorvel::Color& color) : m_single(color) {}
+StyleValue::StyleValue(const Gorvel::ColorPMA& color) : m_single(color) {}
+StyleValue::StyleValue(const SimpleExpression& expression) : m_single(expression) {}
+
+StyleValue::StyleValue(const Component& component) : m_single(component) {
+    m_single.m_separator = SEPARATOR_WHITE_SPACE;
+}
+
+StyleValue::StyleValue(const StyleValue& other) = default;
+StyleValue::StyleValue(StyleValue&& other) noexcept = default;
+StyleValue& StyleValue::operator=(const StyleValue& other) = default;
+StyleValue& StyleValue::operator=(StyleValue&& other) noexcept = default;
+StyleValue::~StyleValue() = default;
+
+int StyleValue::size() const {
+    if (m_list)
+        return static_cast<int>(m_list->components.size());
+    return m_single.type() == TYPE_UNKNOWN ? 0 : 1;
+}
+
+const StyleValue::Component& StyleValue::operator[](int i) const {
+    static const Component unknown;
+    if (i < 0 || i >= size())
+        return unknown;
+    return m_list ? m_list->components[static_cast<std::size_t>(i)] : m_single;
+}
+
+StyleValue::ValueType StyleValue::type(int i) const {
+    return (*this)[i].type();
+}
+
+Attribute::ValueUnit StyleValue::unit(int i) const {
+    return (*this)[i].unit();
+}
+
+bool StyleValue::isNumber(int i) const {
+    return (*this)[i].isNumber();
+}
+
+float StyleValue::asFloat(int i) const {
+    return (*this)[i].asFloat();
+}
+
+int StyleValue::asInt(int i) const {
+    return (*this)[i].asInt();
+}
+
+QByteArray StyleValue::asKeyword(int i) const {
+    return (*this)[i].asKeyword();
+}
+
+QString StyleValue::asString(int i) const {
+    return (*this)[i].asString();
+}
+
+SimpleExpression StyleValue::asExpr(int i) const {
+    return (*this)[i].asExpr();
+}
+
+Gorvel::ColorPMA StyleValue::asColorPMA(int i) const {
+    return (*this)[i].asColorPMA();
+}
+
+QList<Attribute::ValueUnit> StyleValue::units() const {
+    QList<Attribute::ValueUnit> result;
+    for (int i = 0; i < size(); ++i)
+        result.append(unit(i));
+    return result;
+}
+
+bool StyleValue::isUniform() const {
+    for (int i = 1; i < size(); ++i) {
+        if (type(i) != type(0))
+            return false;
+    }
+    return true;
+}
+
+void StyleValue::append(const Component& component, Separator separator) {
+    const Component copy = component; // it may lie in the list that is about to grow
+    appendRange(&copy, copy.type() == TYPE_UNKNOWN ? 0 : 1, separator);
+}
+
+void StyleValue::append(const StyleValue& value, Separator separator) {
+    const StyleValue copy = value; // it may be this value
+    appendRange(&copy[0], copy.size(), separator);
+}
+
+void StyleValue::appendRange(const Component* first, int count, Separator separator) {
+    const int oldSize = size();
+    if (count == 0)
+        return;
+    if (oldSize == 0 && count == 1) {
+        *this = StyleValue(*first);
+        return;
+    }
+    if (!m_list) {
+        m_list = new List;
+        if (oldSize == 1)
+            m_list->components.push_back(std::exchange(m_single, Component()));
+    }
+    std::vector<Component>& components = m_list->components;
+    components.insert(components.end(), first, first + count);
+    components[static_cast<std::size_t>(oldSize)].m_separator = oldSize > 0 ? separator : SEPARATOR_WHITE_SPACE;
+}
+
+QList<StyleValue> StyleValue::split(Separator separator) const {
+    QList<StyleValue> pieces;
+    for (int first = 0; first < size();) {
+        int end = first + 1;
+        while (end < size() && (*this)[end].separator() != separator)
+            ++end;
+        StyleValue piece;
+        piece.appendRange(&(*this)[first], end - first, SEPARATOR_WHITE_SPACE);
+        pieces.append(piece);
+        first = end;
+    }
+    return pieces;
+}
+
+bool operator==(const StyleValue& a, const StyleValue& b) {
+    if (a.m_list.constData() == b.m_list.constData())
+        return a.m_single == b.m_single;
+    if (a.size() != b.size())
+        return false;
+    for (int i = 0; i < a.size(); ++i) {
+        if (a[i] != b[i] || a[i].separator() != b[i].separator())
+            return false;
+    }
+    return true;
+}
+
+static std::atomic<StyleValue::TextReader> textReader{nullptr};
+
+void StyleValue::setTextReader(TextReader reader) {
+    textReader = reader;
+}
+
+StyleValue StyleValue::fromText(const QByteArray& text) {
+    const TextReader reader = textReader;
+    return reader ? reader(text) : StyleValue();
+}
+
+} // namespace Ondex
