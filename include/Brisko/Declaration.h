@@ -1,0 +1,41 @@
+#pragma once
+
+#include "Brisko/Export.h"
+#include "Ondex/StyleValue.h"
+
+#include <QByteArray>
+
+class QDebug;
+
+namespace Brisko {
+
+/// One `property: value` of a rule (CSS 2.1 section 4.1.8).
+///
+/// The number is given by StyleSheet::setId() and is unique in its sheet; later declarations have higher ones.
+class BRISKO_EXPORT Declaration {
+public:
+    /// @param property  name in UTF-8
+    Declaration(const QByteArray& property, const Ondex::StyleValue& value, bool important);
+
+    /// Number in the sheet; -1 until the sheet gave one.
+    int id() const { return m_id; }
+    const QByteArray& property() const { return m_property; }
+    const Ondex::StyleValue& value() const { return m_value; }
+    /// Whether it was marked `!important` (CSS 2.1 section 6.4.2).
+    bool important() const { return m_important; }
+
+    bool operator==(const Declaration& other) const;
+    bool operator!=(const Declaration& other) const { return !(*this == other); }
+
+private:
+    friend class StyleSheet;
+
+    int m_id = -1;
+    QByteArray m_property;
+    Ondex::StyleValue m_value;
+    bool m_important;
+};
+
+BRISKO_EXPORT QDebug operator<<(QDebug debug, const Declaration& declaration);
+
+} // namespace Brisko

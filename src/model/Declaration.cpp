@@ -1,0 +1,22 @@
+#include "Brisko/Declaration.h"
+
+#include <QDebug>
+
+namespace Brisko {
+
+Declaration::Declaration(const QByteArray& property, const Ondex::StyleValue& value, bool important)
+    : m_property(property), m_value(value), m_important(important) {}
+
+bool Declaration::operator==(const Declaration& other) const {
+    return m_id == other.m_id && m_property == other.m_property && m_value == other.m_value &&
+           m_important == other.m_important;
+}
+
+QDebug operator<<(QDebug debug, const Declaration& declaration) {
+    QDebugStateSaver saver(debug);
+    debug.nospace().noquote() << "Declaration(" << declaration.id() << ", " << declaration.property() << ": "
+                              << declaration.value().stringify() << (declaration.important() ? " !important)" : ")");
+    return debug;
+}
+
+} // namespace Brisko

@@ -1,0 +1,117 @@
+#include "parser/ColourFunctions.h"
+
+#include "parser/HexDigit.h"
+
+#include <QColor>
+
+#include <algorithm>
+#include <cmath>
+
+namespace Brisko {
+
+using Gorvel::Color;
+using Gorvel::ColorPMA;
+using Ondex::Attribute;
+using Ondex::StyleValue;
+
+namespace {
+
+constexpr int channelCount = 4;
+
+// Reads one field of up to @p digits digits; nothing where there is none.
+std::optional<int> readField(const QString& hex, int& at, int digits) {
+    const int begin = at;
+    int field = 0;
+    for (int digit; at < hex.size() && at - begin < digits && (digit = hexDigit(hex[at])) >= 0; ++at)
+        field = field * 16 + digit;
+    return at == begin ? std::nullopt : std::optional<int>(field);
+}
+
+float argument(const StyleValue& arguments, int index) {
+    return arguments.isNumber(index) ? arguments.asFloat(index) : 0.f;
+}
+
+float clamped(const StyleValue& arguments, int index) {
+    return std::clamp(argument(arguments, index), 0.f, 1.f);
+}
+
+float opacity(const StyleValue& arguments) {
+    return arguments.size() == channelCount ? argument(arguments, 3) : 1.f;
+}
+
+double clampedOpacity(const StyleValue& arguments) {
+    return arguments.size() == channelCount ? double(clamped(arguments, 3)) : 1.0;
+}
+
+// The angle in degrees as a part of the full circle.
+double hue(const StyleValue& arguments) {
+    const float turns = argument(arguments, 0) / 360.f;
+    return std::isfinite(turns) ? double(turns - std::floor(turns)) : 0.0;
+}
+
+StyleValue rgb(const StyleValue& arguments) {
+    const float scale = arguments.unit(0) == Attribute::VU_PERCENTAGE ? 1.f : 255.f;
+    return Color(argument(arguments, 0) / scale, argument(arguments, 1) / scale, argument(arguments, 2) / scale,
+                 opacity(arguments));
+}
+
+StyleValue rgbPremultiplied(const StyleValue& arguments) {
+    return ColorPMA(argument(arguments, 0) / 255.f, argument(arguments, 1) / 255.f, argument(arguments, 2) / 255.f,
+                    opacity(arguments));
+}
+
+StyleValue hsl(const StyleValue& arguments) {
+    return Color(QColor::fromHslF(hue(arguments), double(clamped(arguments, 1)), double(clamped(arguments, 2)),
+                                  clampedOpacity(arguments)));
+}
+
+StyleValue hsv(const StyleValue& arguments) {
+    return Color(QColor::fromHsvF(hue(arguments), double(clamped(arguments, 1)), double(clamped(arguments, 2)),
+                                  clampedOpacity(arguments)));
+}
+
+struct ColourFunction {
+    const char* name;
+    int argumentCount;
+    StyleValue (*evaluate)(const StyleValue& arguments);
+};
+
+constexpr ColourFunction colourFunctions[] = {
+    {"rgb", 3, rgb},
+    {"rgba", 4, rgb},
+    {"hsl", 3, hsl},
+    {"hsla", 4, hsl},
+    {"hsv", 3, hsv},
+    {"hsva", 4, hsv},
+    {"rgba_pma", 4, rgbPremultiplied},
+};
+
+} // namespace
+
+ColorPMA parseColor(const QString& hex) {
+    int channels[channelCount] = {0, 0, 0, 255};
+    const int size = hex.size();
+    const bool isShort = size == 3 || size == 4;
+    if (isShort || size == 6 || size == 8) {
+        const int digits = isShort ? 1 : 2;
+        int at = 0;
+        for (int i = 0; i < size / digits; ++i) {
+            const std::optional<int> field = readField(hex, at, digits);
+            if (!field)
+                break;
+            channels[i] = isShort ? *field * 16 + *field : *field;
+        }
+    }
+    const auto part = [&channels](int i) { return float(channels[i] / 255.0); };
+    return Color(part(0), part(1), part(2), part(3));
+}
+
+std::optional<StyleValue> colourFunction(const QString& name, const StyleValue& arguments) {
+    for (const ColourFunction& function : colourFunctions) {
+        if (name == QLatin1String(function.name) && arguments.size() == function.argumentCount)
+            return function.evaluate(arguments);
+    }
+    return std::nullopt;
+}
+
+} // namespace Brisko

@@ -1,0 +1,55 @@
+#include "parser/RuleAssembly.h"
+
+#include "Brisko/StyleSheet.h"
+#include "Gorvel/Trace.h"
+
+namespace Brisko {
+
+using Gorvel::Trace;
+
+void RuleAssembly::clear() {
+    clearStacks();
+    m_pending.clear();
+}
+
+void RuleAssembly::add(const Selector& selector) {
+    m_selectors.push_back(selector);
+    Trace::debug("CSSParser::add(Selector*) # selector pushed (stack %d)", int(m_selectors.size()));
+}
+
+void RuleAssembly::add(const Declaration& declaration, StyleSheet& sheet, const QString& source) {
+    if (declaration.value().isEmpty())
+        return;
+    m_declarations.push_back(declaration);
+    sheet.setId(m_declarations.back(), source);
+    Trace::debug("CSSParser::add(Declaration&) # declaration pushed (stack %d)", int(m_declarations.size()));
+}
+
+void RuleAssembly::parseRule() {
+    if (!m_declarations.empty()) {
+        Trace::debug("CSSParser::parseRule # parsing rule (%d selectors, %d declarations)", int(m_selectors.size()),
+                     int(m_declarations.size()));
+        for (const Selector& selector : m_selectors)
+            m_pending.emplace_back(selector, m_declarations);
+    }
+    clearStacks();
+}
+
+void RuleAssembly::commit(StyleSheet& sheet) {
+    Trace::debug("CSSParser::commit # %d rules", int(m_pending.size()));
+    for (const Rule& rule : m_pending)
+        sheet.declare(rule.selector(), rule.declarations());
+    m_pending.clear();
+}
+
+void RuleAssembly::rollback() {
+    Trace::debug("CSSParser::rollback # %d rules", int(m_pending.size()));
+    clear();
+}
+
+void RuleAssembly::clearStacks() {
+    m_selectors.clear();
+    m_declarations.clear();
+}
+
+} // namespace Brisko
