@@ -1,0 +1,148 @@
+#pragma once
+
+#include "Brisko/AttributeTransitionAnim.h"
+#include "Brisko/Style.h"
+#include "Gorvel/ArrayMap.h"
+#include "Gorvel/ArraySet.h"
+#include "Ondex/AttributeT.h"
+#include "Ondex/Node.h"
+
+#include <QStringList>
+
+#include <vector>
+
+namespace Brisko {
+
+/// A node that style sheets apply to. It has a CSS type, an id, classes and pseudo-classes; its attributes are the
+/// properties.
+///
+///     auto* button = new Styleable("button");
+///     panel.addAttribute(button); // styled from here on, if the panel is
+///     button->addCSSClass("primary");
+///     button->setPseudoClass("hover", true);
+///     button->attributeSource("width"); // "main.css:12"
+///
+/// The root is given a Style; every other node takes the one that its host hands on. A change of the identity restyles
+/// the node, and its children only where what they are handed changed. While a node is being styled, a further restyle
+/// of it waits until the pass is over. Used on the thread that owns the node. A listener must not delete the node that
+/// is being styled.
+class BRISKO_EXPORT Styleable : public Ondex::Node {
+public:
+    explicit Styleable(const QByteArray& type);
+    ~Styleable() override;
+
+    const QByteArray& cssType() const { return m_cssType; }
+    /// Sets the type and restyles.
+    void setCSSType(const QByteArray& type);
+
+    QString cssId() const { return m_cssId.value(); }
+    void setCSSId(const QString& id);
+
+    /// The class names as they were written, separated by blanks.
+    QString cssClassStr() const { return m_cssClass.value(); }
+    void setCSSClasses(const QString& classes);
+    /// The class names lower-cased, sorted and each once.
+    const Gorvel::ArraySet<QByteArray>& cssClasses() const { return m_classes; }
+    /// Appends a name unless the set holds it, whatever its case.
+    void addCSSClass(const QString& name);
+    void addCSSClasses(const QStringList& names);
+    /// Removes every mention of exactly this name, in this case.
+    void removeCSSClass(const QString& name);
+    void removeCSSClasses(const QStringList& names);
+    void toggleCSSClass(const QByteArray& name, bool on);
+    bool hasCSSClass(const QByteArray& name) const;
+
+    /// Switches a pseudo-class, restyles what a selector may see of it and sends "pseudo-class-changed": the name as
+    /// QByteArray, then 1 or 0 as qint32. Nothing happens where it is in that state already.
+    void setPseudoClass(const QByteArray& name, bool on);
+    bool pseudoClass(const QByteArray& name) const;
+    /// The names that were ever switched on, on or off now.
+    QList<QByteArray> pseudoClasses() const;
+
+    /// Whether one compound matches this node; combinators do not count.
+    /// @param specificity  receives the packed specificity of a match: origin in bits 24 to 26, ids in 16 to 23,
+    ///                     classes and pseudo-classes in 8 to 15, types in 0 to 7 (CSS 2.1 section 6.4.3); may be null
+    bool match(const SimpleSelector& selector, int* specificity) const;
+
+    /// This node's own compound: type, #id, .classes and, if asked for, the pseudo-classes that are on.
+    QString simpleSelector(bool withPseudoClasses) const;
+
+    /// Applies a style to this node and, where what it hands on changed, to its children.
+    /// @return whether the children were restyled
+    virtual bool setStyle(const Style& style);
+    const Style& style() const { return m_style; }
+    /// The style that the children are given.
+    const Style& childStyle() const { return m_childStyle; }
+
+    /// Writes one value through the setter that fits its type. @return false, and a message, where it is refused
+    virtual bool setAttributeValue(Ondex::Attribute& attribute, const Ondex::StyleValue& value, Layer layer);
+
+    /// Where the declaration that won the property was written, as "file:line"; empty where none did.
+    QString attributeSource(const QByteArray& name) const;
+
+    /// The child nodes that can be styled, in the order they were added.
+    QList<Styleable*> children() const;
+
+    /// Reads an element into an attribute, which the registry makes where it serves the name.
+    bool readElement(const Ondex::ArchiveElement& element) override;
+
+protected:
+    void attributeAdded(Ondex::Attribute* attribute) override;
+    void attributeRemoved(Ondex::Attribute* attribute) override;
+    /// Restyles this node from the style that its host hands on, or from its own where the host is not styleable.
+    virtual void updateStyle();
+
+private:
+    friend class StylePass;
+
+    /// How far the selectors go that tested a pseudo-class on this node.
+    enum PseudoClassUse { Unused = 0, EndsHere = 1, GoesOnBelow = 2 };
+    /// Whether a style pass of this node runs, and whether it is the one that an earlier pass asked for.
+    enum class PassState : quint8 { Idle, First, Repeated };
+    struct Applied {
+        bool important;
+        int generation;
+    };
+
+    bool match(const SimpleSelector& selector, int& specificity, Style* childStyle,
+               const std::vector<Declaration>* declarations);
+    bool hasIdentity(const SimpleSelector& selector) const;
+    bool hasPseudoClasses(const SimpleSelector& selector) const;
+    void recordPseudoClasses(const SimpleSelector& selector);
+
+    void classesChanged();
+    void clearProperty(const QByteArray& name, bool important);
+
+    bool isPassRunning() const { return m_passState != PassState::Idle; }
+    void askAgain(const Style& style);
+    const Style& incomingStyle() const;
+    bool applyStyle(const Style& style, PassState state);
+    void applyStyleAlone();
+    bool runPass(Style* childStyle, PassState state);
+
+    void addChild(Styleable* child);
+    void removeChild(Styleable* child);
+    void styleChildren();
+
+    QByteArray m_cssType;
+    Ondex::AttributeT<QString> m_cssClass;
+    Ondex::AttributeT<QString> m_cssId;
+    AttributeTransitionAnim m_transition;
+    Style m_style;
+    Style m_childStyle;
+    Gorvel::ArrayMap<QByteArray, int> m_pseudoClassUse;
+    Gorvel::ArrayMap<QByteArray, bool> m_pseudoClassState;
+    Gorvel::ArraySet<QByteArray> m_classes;
+
+    Gorvel::ArrayMap<QByteArray, Applied> m_applied;
+    int m_generation = 0;
+    Gorvel::ArrayMap<QByteArray, int> m_sources; // number of the declaration that won, by property
+    std::vector<Styleable*> m_children;          // null where one was removed; closed up when half of them are
+    int m_childCount = 0;
+    int m_place = -1; // in the children of the host
+    int m_visits = 0; // walks over the children that run now
+    PassState m_passState = PassState::Idle;
+    std::unique_ptr<Style> m_askedStyle; // a restyle that waits for the end of the pass
+};
+
+} // namespace Brisko

@@ -1,0 +1,93 @@
+#pragma once
+
+#include "Ondex/Attribute.h"
+#include "Ondex/StyleValue.h"
+
+#include <unordered_map>
+#include <vector>
+
+namespace Brisko {
+
+/// By what right a declaration claims a property: the terms of the cascade (CSS 2.1 section 6.4.1).
+struct Claim {
+    int specificity;
+    int declaration; ///< number in the sheet; a later declaration has a higher one
+    bool important;
+
+    /// Whether this claim takes the property from @p held.
+    ///
+    ///     offered     held        wins
+    ///     normal      important   no
+    ///     important   normal      yes
+    ///     otherwise, by specificity: higher yes, lower no
+    ///     otherwise, by declaration: higher yes, lower or the same no
+    bool beats(const Claim& held) const {
+        if (important != held.important)
+            return important;
+        if (specificity != held.specificity)
+            return specificity > held.specificity;
+        return declaration > held.declaration;
+    }
+};
+
+/// The winner of every attribute in one style pass, in the order in which the attributes were first offered a value.
+class AppliedValues {
+public:
+    struct Value {
+        Ondex::Attribute* attribute;
+        Ondex::StyleValue value;
+        Claim claim;
+        bool isShorthand; ///< the attribute split it and is not written itself
+    };
+
+    /// Enters a value unless the attribute holds one with a better claim.
+    /// @return its place, -1 where it lost
+    int offer(Ondex::Attribute* attribute, const Ondex::StyleValue& value, const Claim& claim) {
+        const int place = find(attribute);
+        if (place < 0) {
+            m_values.push_back({attribute, value, claim, false});
+            if (!m_places.empty() || m_values.size() > longList)
+                indexRest();
+            return int(m_values.size()) - 1;
+        }
+        Value& held = m_values[std::size_t(place)];
+        if (!claim.beats(held.claim))
+            return -1;
+        held.value = value;
+        held.claim = claim;
+        held.isShorthand = false;
+        return place;
+    }
+
+    Value& operator[](int place) { return m_values[std::size_t(place)]; }
+    int size() const { return int(m_values.size()); }
+    void clear() {
+        m_values.clear();
+        m_places.clear();
+    }
+
+private:
+    static constexpr std::size_t longList = 24; // up to here a search through the list is quicker than a look-up
+
+    int find(Ondex::Attribute* attribute) const {
+        if (!m_places.empty()) {
+            const auto found = m_places.find(attribute);
+            return found == m_places.end() ? -1 : found->second;
+        }
+        for (std::size_t i = 0; i < m_values.size(); ++i) {
+            if (m_values[i].attribute == attribute)
+                return int(i);
+        }
+        return -1;
+    }
+
+    void indexRest() {
+        for (std::size_t i = m_places.size(); i < m_values.size(); ++i)
+            m_places.emplace(m_values[i].attribute, int(i));
+    }
+
+    std::vector<Value> m_values;
+    std::unordered_map<Ondex::Attribute*, int> m_places;
+};
+
+} // namespace Brisko

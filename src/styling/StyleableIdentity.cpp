@@ -1,0 +1,132 @@
+#include "Brisko/Styleable.h"
+
+#include "Gorvel/BinaryData.h"
+
+namespace Brisko {
+
+namespace {
+
+const QByteArray pseudoClassChanged = QByteArrayLiteral("pseudo-class-changed");
+constexpr int changeRole = 2;
+
+QByteArray lowerCased(const QString& name) {
+    return name.toUtf8().toLower();
+}
+
+} // namespace
+
+Styleable::Styleable(const QByteArray& type)
+    : Ondex::Node(nullptr, type), m_cssType(type), m_cssClass(this, "css-class"), m_cssId(this, "css-id"),
+      m_transition(this, "transition") {
+    m_cssId.addListener([this] { updateStyle(); }, changeRole);
+    m_cssClass.addListener([this] { classesChanged(); }, changeRole);
+    eventAddOut(pseudoClassChanged);
+}
+
+Styleable::~Styleable() {
+    leaveHost();
+}
+
+void Styleable::setCSSType(const QByteArray& type) {
+    m_cssType = type;
+    updateStyle();
+}
+
+void Styleable::setCSSId(const QString& id) {
+    m_cssId = id;
+}
+
+void Styleable::setCSSClasses(const QString& classes) {
+    m_cssClass = classes;
+}
+
+void Styleable::addCSSClass(const QString& name) {
+    if (name.isEmpty())
+        return;
+    if (cssClassStr().isEmpty())
+        m_cssClass = name;
+    if (!m_classes.contains(lowerCased(name)))
+        m_cssClass = cssClassStr() + QLatin1Char(' ') + name;
+}
+
+void Styleable::addCSSClasses(const QStringList& names) {
+    for (const QString& name : names)
+        addCSSClass(name);
+}
+
+void Styleable::removeCSSClass(const QString& name) {
+    if (name.isEmpty())
+        return;
+    QStringList names = cssClassStr().split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    if (names.removeAll(name) > 0)
+        m_cssClass = names.join(QLatin1Char(' '));
+}
+
+void Styleable::removeCSSClasses(const QStringList& names) {
+    for (const QString& name : names)
+        removeCSSClass(name);
+}
+
+void Styleable::toggleCSSClass(const QByteArray& name, bool on) {
+    if (on)
+        addCSSClass(QString::fromUtf8(name));
+    else
+        removeCSSClass(QString::fromUtf8(name));
+}
+
+bool Styleable::hasCSSClass(const QByteArray& name) const {
+    return m_classes.contains(name.toLower());
+}
+
+void Styleable::classesChanged() {
+    QList<QByteArray> names = lowerCased(cssClassStr()).split(' ');
+    names.removeAll(QByteArray());
+    m_classes.clear();
+    m_classes.insertAll(names);
+    updateStyle();
+}
+
+void Styleable::setPseudoClass(const QByteArray& name, bool on) {
+    if (pseudoClass(name) == on)
+        return;
+    m_pseudoClassState[name] = on;
+    if (!isStylingSuppressed()) {
+        const int* use = m_pseudoClassUse.find(name);
+        if (use && *use == GoesOnBelow)
+            setStyle(m_style);
+        else if (use && *use == EndsHere)
+            applyStyleAlone();
+    }
+    Gorvel::BinaryData data;
+    data << name << qint32(on);
+    eventSend(pseudoClassChanged, data);
+}
+
+bool Styleable::pseudoClass(const QByteArray& name) const {
+    const bool* on = m_pseudoClassState.find(name);
+    return on && *on;
+}
+
+QList<QByteArray> Styleable::pseudoClasses() const {
+    QList<QByteArray> names;
+    for (const auto& [name, on] : m_pseudoClassState)
+        names.append(name);
+    return names;
+}
+
+QString Styleable::simpleSelector(bool withPseudoClasses) const {
+    QString text = QString::fromUtf8(m_cssType);
+    if (!cssId().isEmpty())
+        text += QLatin1Char('#') + cssId();
+    for (const QByteArray& name : m_classes)
+        text += QLatin1Char('.') + QString::fromUtf8(name);
+    if (withPseudoClasses) {
+        for (const auto& [name, on] : m_pseudoClassState) {
+            if (on)
+                text += QLatin1Char(':') + QString::fromUtf8(name);
+        }
+    }
+    return text;
+}
+
+} // namespace Brisko

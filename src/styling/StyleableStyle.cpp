@@ -1,0 +1,164 @@
+#include "Brisko/Styleable.h"
+
+#include "Brisko/LazyAttributeManager.h"
+#include "Gorvel/Trace.h"
+#include "Ondex/ArchiveElement.h"
+#include "styling/StylePass.h"
+
+#include <typeinfo>
+
+namespace Brisko {
+
+using Ondex::Attribute;
+using Ondex::StyleValue;
+
+bool Styleable::setStyle(const Style& style) {
+    if (isStylingSuppressed())
+        return false;
+    if (isPassRunning()) {
+        askAgain(style);
+        return false;
+    }
+    if (!applyStyle(style, PassState::First))
+        return false;
+    styleChildren();
+    return true;
+}
+
+/// Runs the pass with a new child style and keeps that. @return whether it differs from the one before
+bool Styleable::applyStyle(const Style& style, PassState state) {
+    m_pseudoClassUse.clear();
+    m_style = style;
+    Style childStyle(m_style.styleSheet());
+    if (runPass(&childStyle, state))
+        return applyStyle(*std::exchange(m_askedStyle, nullptr), PassState::Repeated);
+    if (childStyle == m_childStyle)
+        return false;
+    m_childStyle = std::move(childStyle);
+    return true;
+}
+
+/// Runs the pass for what a change reaches that no selector carries on to the children.
+void Styleable::applyStyleAlone() {
+    if (isPassRunning())
+        askAgain(m_style);
+    else if (runPass(nullptr, PassState::First) &&
+             applyStyle(*std::exchange(m_askedStyle, nullptr), PassState::Repeated))
+        styleChildren();
+}
+
+/// @return whether the node has to be styled once more, with m_askedStyle
+bool Styleable::runPass(Style* childStyle, PassState state) {
+    m_passState = state;
+    StylePass(*this, childStyle).run();
+    m_passState = PassState::Idle;
+    if (!m_askedStyle || state == PassState::First)
+        return m_askedStyle != nullptr;
+    m_askedStyle.reset();
+    Gorvel::Trace::error("Styleable::setStyle # %s # Styling changes what it depends on; the last change is ignored",
+                         simpleSelector(true).toUtf8().constData());
+    return false;
+}
+
+void Styleable::askAgain(const Style& style) {
+    m_askedStyle = std::make_unique<Style>(style);
+}
+
+const Style& Styleable::incomingStyle() const {
+    const auto* parent = dynamic_cast<const Styleable*>(host());
+    return parent ? parent->m_childStyle : m_style;
+}
+
+void Styleable::updateStyle() {
+    if (!isStylingSuppressed())
+        setStyle(incomingStyle());
+}
+
+void Styleable::styleChildren() {
+    ++m_visits; // keeps the list from being closed up
+    for (std::size_t i = 0; i < m_children.size(); ++i) {
+        if (m_children[i])
+            m_children[i]->setStyle(m_childStyle);
+    }
+    --m_visits;
+}
+
+namespace {
+
+template <typename Vector>
+Vector vectorOf(const StyleValue& value) {
+    Vector vector;
+    for (int i = 0; i < value.size(); ++i)
+        vector[i] = value.asFloat(i);
+    return vector;
+}
+
+bool setSingle(Attribute& attribute, const StyleValue& value, Attribute::Layer layer) {
+    switch (value.type(0)) {
+    case StyleValue::TYPE_INT:
+        return attribute.set(value.asInt(0), layer, value.unit(0));
+    case StyleValue::TYPE_FLOAT:
+        return attribute.set(value.asFloat(0), layer, value.unit(0));
+    case StyleValue::TYPE_STRING:
+        return attribute.set(value.asString(0), layer, Attribute::VU_UNKNOWN);
+    case StyleValue::TYPE_EXPR: {
+        const Ondex::SimpleExpression expression = value.asExpr(0);
+        return expression.isConstant() && attribute.set(expression.evaluate(nullptr, 0), layer, Attribute::VU_UNKNOWN);
+    }
+    default:
+        return false;
+    }
+}
+
+/// Writes the value through the setter of its type; false where it has none, or that setter refuses it.
+bool setTyped(Attribute& attribute, const StyleValue& value, Attribute::Layer layer) {
+    if (value.size() == 1)
+        return setSingle(attribute, value, layer);
+    if (value.size() < 2 || value.size() > 4 || !value.isUniform() || !value.isNumber(0))
+        return false;
+    switch (value.size()) {
+    case 2:
+        return attribute.set(vectorOf<Pemmit::Vector2T<float>>(value), layer, value.units());
+    case 3:
+        return attribute.set(vectorOf<Pemmit::Vector3T<float>>(value), layer, value.units());
+    default:
+        return attribute.set(vectorOf<Pemmit::Vector4T<float>>(value), layer, value.units());
+    }
+}
+
+} // namespace
+
+bool Styleable::setAttributeValue(Attribute& attribute, const StyleValue& value, Layer layer) {
+    if (setTyped(attribute, value, layer) || attribute.set(value, layer))
+        return true;
+    Gorvel::Trace::error("Styleable::setAttributeValue(%s) # Failed to set property '%s' to [%s]", typeid(*this).name(),
+                         attribute.name().constData(), value.stringify().toUtf8().constData());
+    attribute.set(value, layer); // again on purpose: an attribute may take at the second try what the message told it
+    return false;
+}
+
+void Styleable::clearProperty(const QByteArray& name, bool important) {
+    if (Attribute* held = attribute(name))
+        held->clearValue(important ? ImportantStyleLayer : StyleLayer);
+    m_sources.remove(name);
+}
+
+QString Styleable::attributeSource(const QByteArray& name) const {
+    const int* declaration = m_sources.find(name);
+    return declaration && m_style.isValid() ? m_style.styleSheet()->source(*declaration) : QString();
+}
+
+bool Styleable::readElement(const Ondex::ArchiveElement& element) {
+    const QByteArray name = element.name().toUtf8();
+    Attribute* made = LazyAttributeManager::create(this, name);
+    if (!made)
+        return Ondex::Node::readElement(element);
+    if (made->deserialize(element))
+        return true;
+    Gorvel::Trace::error("Styleable::readElement(%s) # Failed to deserialize element '%s'", typeid(*this).name(),
+                         name.constData());
+    delete made;
+    return false;
+}
+
+} // namespace Brisko

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "styling/StylingFixture.h"
+
+#include <memory>
+#include <random>
+#include <vector>
+
+namespace Testing {
+
+/// Random numbers that are the same on every platform.
+class Dice {
+public:
+    explicit Dice(unsigned seed) : m_engine(seed) {}
+    /// 0 to @p sides - 1.
+    int roll(int sides) { return int(m_engine() % unsigned(sides)); }
+    bool chance(int percent) { return roll(100) < percent; }
+
+private:
+    std::mt19937 m_engine;
+};
+
+/// A tree of plain data: what a scene is built from, and what the slow matcher walks over.
+struct TreeNode {
+    QByteArray type;
+    QString id;
+    std::vector<QByteArray> classes;
+    std::vector<QByteArray> pseudoClasses;
+    TreeNode* parent = nullptr;
+    std::vector<std::unique_ptr<TreeNode>> children;
+
+    bool isBelow(const TreeNode* other) const;
+    /// The nodes of the tree, this one first.
+    std::vector<TreeNode*> all();
+    /// The tree as indented text.
+    std::string text(int depth = 0) const;
+};
+
+const std::vector<QByteArray>& propertyNames();
+
+/// A tree of at most @p size nodes, with few different names so that rules match.
+std::unique_ptr<TreeNode> randomTree(Dice& dice, int size);
+TreeNode randomNode(Dice& dice);
+QByteArray randomName(Dice& dice, const char* letters);
+
+/// A sheet built compound by compound. The value of every declaration is its number, so that it tells who won.
+std::shared_ptr<Brisko::StyleSheet> randomSheet(Dice& dice, int rules);
+
+/// Nodes with a number attribute for every property, -1 at start.
+std::unique_ptr<TestNode> buildScene(const TreeNode& tree);
+
+} // namespace Testing
