@@ -1,0 +1,198 @@
+#include "CommandLine.h"
+
+#include "Failure.h"
+#include "OptionTable.h"
+
+#include <CLI/CLI.hpp>
+
+#include <map>
+
+namespace Command {
+
+namespace {
+
+const CommandRow* findCommand(const QByteArray& name) {
+    for (const CommandRow& row : commandTable()) {
+        if (name == row.name)
+            return &row;
+    }
+    return nullptr;
+}
+
+/// One CLI11 application, and what its options mean in the table.
+class ArgumentReader {
+public:
+    ArgumentReader(CLI::App& app, unsigned commands) : m_app(app) {
+        app.set_help_flag();
+        for (const OptionRow& row : optionTable()) {
+            if ((row.commands & commands) != commands)
+                continue;
+            CLI::Option* option = row.argumentCount == 0 ? app.add_flag(row.names) : app.add_option(row.names);
+            if (row.argumentCount > 0)
+                option->type_size(row.argumentCount)->expected(1)->allow_extra_args(false);
+            option->take_all();
+            m_rows[option] = &row;
+        }
+    }
+
+    /// Has the arguments that are no options handed to @p take, at most @p count of them; 0: any number.
+    void addPositionals(int count, void (*take)(Options&, const QByteArray&)) {
+        m_takePositional = take;
+        for (int i = 0; i < std::max(count, 1); ++i) {
+            CLI::Option* option = m_app.add_option("argument" + std::to_string(i));
+            option->type_size(1)->expected(1)->take_all()->allow_extra_args(count == 0);
+            m_positionals.push_back(option);
+        }
+    }
+
+    /// Applies what was given, in its order on the command line.
+    void apply(Options& options) const {
+        std::map<const CLI::Option*, std::size_t> used;
+        for (const CLI::Option* option : m_app.parse_order()) {
+            const std::size_t first = used[option]++;
+            const auto row = m_rows.find(option);
+            if (row == m_rows.end()) {
+                m_takePositional(options, QByteArray::fromStdString(option->results().at(first)));
+                continue;
+            }
+            const std::size_t size = std::size_t(std::max(row->second->argumentCount, 1));
+            if ((first + 1) % size == 0)
+                row->second->apply(options, results(*option, first + 1 - size, size));
+        }
+    }
+
+private:
+    static std::vector<QByteArray> results(const CLI::Option& option, std::size_t first, std::size_t count) {
+        std::vector<QByteArray> texts;
+        for (std::size_t i = first; i < first + count; ++i)
+            texts.push_back(QByteArray::fromStdString(option.results().at(i)));
+        return texts;
+    }
+
+    CLI::App& m_app;
+    std::map<const CLI::Option*, const OptionRow*> m_rows;
+    std::vector<CLI::Option*> m_positionals;
+    void (*m_takePositional)(Options&, const QByteArray&) = nullptr;
+};
+
+void takeArgument(Options& options, const QByteArray& argument) {
+    options.arguments.push_back(argument);
+}
+
+void takeSheet(Options& options, const QByteArray& argument) {
+    options.sheets.push_back({argument, options.origin});
+}
+
+// After the scene, "-s a.css b.css" goes on with further sheets.
+void takeSceneThenSheets(Options& options, const QByteArray& argument) {
+    if (options.arguments.empty() || options.sheets.empty())
+        takeArgument(options, argument);
+    else
+        takeSheet(options, argument);
+}
+
+void addPositionals(ArgumentReader& reader, CommandBit command) {
+    switch (command) {
+    case QueryCommand:
+        return reader.addPositionals(2, takeArgument);
+    case StyleCommand:
+        return reader.addPositionals(0, takeSceneThenSheets);
+    default:
+        return reader.addPositionals(0, takeSheet);
+    }
+}
+
+int partsOfParse(const Options& options) {
+    return int(options.sheets.size()) + options.selectorsText.has_value() + options.simpleSelectorText.has_value() +
+           options.valueText.has_value();
+}
+
+/// What is wrong with the number of arguments; empty where nothing is.
+QByteArray complaint(const Options& options, const CommandRow& command) {
+    const std::size_t arguments = options.arguments.size();
+    switch (command.bit) {
+    case CheckCommand:
+        return options.sheets.empty() ? "no sheet given" : "";
+    case ParseCommand:
+        return partsOfParse(options) != 1 ? "give one sheet, or -, or one of --selectors, --simple-selector, --value"
+                                          : "";
+    case StyleCommand:
+        if (arguments != 1)
+            return arguments == 0 ? "no scene given" : "more than one scene given";
+        return options.sheets.empty() ? "no sheet given; use -s FILE" : "";
+    default:
+        return arguments != 2 ? "give a scene and a selector" : "";
+    }
+}
+
+QByteArray usageLine(const CommandRow& row) {
+    return QByteArray("brisko ") + row.name + " " + row.usage;
+}
+
+void appendOptions(QByteArray& text, unsigned commands) {
+    for (const OptionRow& row : optionTable()) {
+        if ((row.commands & commands) == 0)
+            continue;
+        const QByteArray left = "  " + QByteArray(row.names).replace(",", ", ") + " " + row.arguments;
+        text += left.leftJustified(30) + " " + row.help + "\n";
+    }
+}
+
+} // namespace
+
+QByteArray helpText(const QByteArray& command) {
+    QByteArray text;
+    const CommandRow* only = findCommand(command);
+    if (only) {
+        text = "Usage: " + usageLine(*only) + " [OPTION]...\n";
+        if (only->bit == ParseCommand)
+            text += "       brisko parse --selectors TEXT | --simple-selector TEXT | --value TEXT\n";
+        text += "\n" + QByteArray(only->help) + "\n";
+    } else {
+        text = "Usage: brisko COMMAND ...\n\nCommands:\n";
+        for (const CommandRow& row : commandTable())
+            text += "  " + usageLine(row).leftJustified(44) + " " + row.help + "\n";
+    }
+    text += "\nOptions:\n";
+    appendOptions(text, only ? only->bit : AllCommands);
+    text += "\nExit: 0 done; 1 check met an error, or nothing matched; 2 wrong usage or a file that cannot be read.\n";
+    return text;
+}
+
+Options readCommandLine(const std::vector<QByteArray>& arguments) {
+    Options options;
+    CLI::App app;
+    app.name("brisko");
+    app.require_subcommand(0, 1);
+    ArgumentReader common(app, AllCommands);
+    std::map<const CLI::App*, ArgumentReader> readers;
+    for (const CommandRow& row : commandTable()) {
+        CLI::App* subcommand = app.add_subcommand(row.name, row.help);
+        const auto reader = readers.emplace(subcommand, ArgumentReader(*subcommand, row.bit)).first;
+        addPositionals(reader->second, row.bit);
+    }
+    std::vector<std::string> reversed; // as CLI11 wants them
+    for (auto argument = arguments.rbegin(); argument != arguments.rend(); ++argument)
+        reversed.push_back(argument->toStdString());
+    try {
+        app.parse(reversed);
+    } catch (const CLI::ParseError& error) {
+        throw Failure::because(error.what());
+    }
+    common.apply(options);
+    for (const CLI::App* subcommand : app.get_subcommands()) {
+        options.command = QByteArray::fromStdString(subcommand->get_name());
+        readers.at(subcommand).apply(options);
+    }
+    if (options.help || options.version)
+        return options;
+    const CommandRow* command = findCommand(options.command);
+    if (!command)
+        throw Failure::because("no command given; see brisko --help");
+    const QByteArray wrong = complaint(options, *command);
+    if (!wrong.isEmpty())
+        throw Failure::because(options.command + ": " + wrong + "; usage: " + usageLine(*command));
+    return options;
+}
+
+} // namespace Command

@@ -1,0 +1,103 @@
+#include "Diagnostics.h"
+
+#include <ostream>
+
+namespace Command {
+
+using Gorvel::Trace;
+
+namespace {
+
+constexpr char bold[] = "\x1b[1m";
+constexpr char plain[] = "\x1b[0m";
+
+const char* levelColor(Trace::Level level) {
+    switch (level) {
+    case Trace::Level::Error:
+        return "\x1b[1;31m";
+    case Trace::Level::Warning:
+        return "\x1b[1;35m";
+    default:
+        return "\x1b[1;36m";
+    }
+}
+
+/// A message cut into where and what.
+struct Parts {
+    QByteArray place;
+    QByteArray text;
+};
+
+/// Length of "FILE:LINE" at the start of @p text where ": " follows it; 0 where there is no such place.
+int placeLength(const QByteArray& text) {
+    for (int end = text.indexOf(": "); end > 0; end = text.indexOf(": ", end + 1)) {
+        int digits = end;
+        while (digits > 0 && text[digits - 1] >= '0' && text[digits - 1] <= '9')
+            --digits;
+        if (digits < end && digits > 0 && text[digits - 1] == ':')
+            return end;
+    }
+    return 0;
+}
+
+Parts split(const Message& message) {
+    const int place = message.level == Trace::Level::Debug ? 0 : placeLength(message.text);
+    if (place == 0)
+        return {message.subject.isEmpty() ? QByteArray("brisko") : message.subject, message.text};
+    Parts parts{message.text.left(place), message.text.mid(place + 2)};
+    if (parts.place.startsWith(':'))
+        parts.place.prepend(message.subject);
+    const QByteArray word = QByteArray(levelName(message.level)) + ": ";
+    if (parts.text.startsWith(word))
+        parts.text.remove(0, word.size());
+    return parts;
+}
+
+} // namespace
+
+const char* levelName(Trace::Level level) {
+    switch (level) {
+    case Trace::Level::Error:
+        return "error";
+    case Trace::Level::Warning:
+        return "warning";
+    default:
+        return "debug";
+    }
+}
+
+QByteArray printable(const QByteArray& text) {
+    QByteArray result;
+    result.reserve(text.size());
+    for (const char c : text) {
+        const auto code = static_cast<unsigned char>(c);
+        if (c == '\n')
+            result += "\\n";
+        else if (c == '\t')
+            result += "\\t";
+        else if (code < 0x20 || code == 0x7f)
+            result += "\\x" + QByteArray(1, c).toHex();
+        else
+            result += c;
+    }
+    return result;
+}
+
+QByteArray diagnosticLine(const Message& message) {
+    const Parts parts = split(message);
+    return printable(parts.place) + ": " + levelName(message.level) + ": " + printable(parts.text);
+}
+
+void printDiagnostics(std::ostream& out, const std::vector<Message>& messages, bool colors) {
+    for (const Message& message : messages) {
+        if (!colors) {
+            out << diagnosticLine(message).constData() << '\n';
+            continue;
+        }
+        const Parts parts = split(message);
+        out << bold << printable(parts.place).constData() << ": " << levelColor(message.level)
+            << levelName(message.level) << ": " << plain << printable(parts.text).constData() << '\n';
+    }
+}
+
+} // namespace Command

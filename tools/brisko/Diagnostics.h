@@ -1,0 +1,22 @@
+#pragma once
+
+#include "MessageLog.h"
+
+#include <iosfwd>
+
+namespace Command {
+
+/// The message as compilers write theirs, without colours: "file:line: error: text", or "file: error: text" where the
+/// line is not known. Control characters are written as escapes, so that it stays one line.
+QByteArray diagnosticLine(const Message& message);
+
+/// Writes the messages, a line each.
+void printDiagnostics(std::ostream& out, const std::vector<Message>& messages, bool colors);
+
+/// @p text with control characters written as escapes such as \n and \x1b.
+QByteArray printable(const QByteArray& text);
+
+/// "error", "warning" or "debug".
+const char* levelName(Gorvel::Trace::Level level);
+
+} // namespace Command

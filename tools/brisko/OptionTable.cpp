@@ -1,0 +1,104 @@
+#include "OptionTable.h"
+
+#include "Failure.h"
+
+#include <cmath>
+
+namespace Command {
+
+namespace {
+
+using Arguments = std::vector<QByteArray>;
+
+[[noreturn]] void refuse(const char* option, const QByteArray& argument, const char* expected) {
+    throw Failure::because(QByteArray(option) + ": '" + argument + "' is not " + expected);
+}
+
+void setOrigin(Options& options, const Arguments& arguments) {
+    bool ok = false;
+    const int origin = arguments[0].toInt(&ok);
+    if (!ok || origin < 0 || origin > 7)
+        refuse("--origin", arguments[0], "a number from 0 to 7");
+    options.origin = origin;
+}
+
+void setDpi(Options& options, const Arguments& arguments) {
+    bool ok = false;
+    const float dpi = arguments[0].toFloat(&ok);
+    if (!ok || !std::isfinite(dpi) || dpi <= 0.f)
+        refuse("--dpi", arguments[0], "a number above 0");
+    options.dpi = dpi;
+}
+
+void setFormat(Options& options, const Arguments& arguments) {
+    if (arguments[0] == "text")
+        options.format = OutputFormat::Text;
+    else if (arguments[0] == "json")
+        options.format = OutputFormat::Json;
+    else
+        refuse("--format", arguments[0], "text or json");
+}
+
+void setColor(Options& options, const Arguments& arguments) {
+    if (arguments[0] == "auto")
+        options.color = ColorUse::Auto;
+    else if (arguments[0] == "always")
+        options.color = ColorUse::Always;
+    else if (arguments[0] == "never")
+        options.color = ColorUse::Never;
+    else
+        refuse("--color", arguments[0], "auto, always or never");
+}
+
+} // namespace
+
+const std::vector<CommandRow>& commandTable() {
+    static const std::vector<CommandRow> table = {
+        {CheckCommand, "check", "SHEET...", "print the diagnostics of style sheets, one line each"},
+        {ParseCommand, "parse", "SHEET | -", "print a sheet as parsed; - reads the standard input"},
+        {StyleCommand, "style", "SCENE -s SHEET...", "print the styled tree and where its values come from"},
+        {QueryCommand, "query", "SCENE [-s SHEET...] SELECTOR", "print the paths of the nodes that a selector matches"},
+    };
+    return table;
+}
+
+const std::vector<OptionRow>& optionTable() {
+    static const std::vector<OptionRow> table = {
+        {"-s,--sheet", "FILE", 1, AllCommands, "a style sheet; repeat it for more, parsed in order into one",
+         [](Options& options, const Arguments& a) {
+             options.sheets.push_back({a[0], options.origin});
+         }},
+        {"--origin", "N", 1, AllCommands, "rank, 0 to 7, of the sheets that follow (default 1)", setOrigin},
+        {"--media", "NAME", 1, AllCommands, "medium for @media and @import (default screen)",
+         [](Options& options, const Arguments& a) { options.media = a[0]; }},
+        {"--dpi", "N", 1, AllCommands, "dots per inch for in, cm, mm, pt and pc (default 40.053)", setDpi},
+        {"--any-property", "", 0, SceneCommands | CheckCommand | ParseCommand,
+         "keep every property that a sheet names, known or not",
+         [](Options& options, const Arguments&) { options.anyProperty = true; }},
+        {"--on", "SELECTOR CHANGE", 2, AllCommands,
+         "after styling, change the nodes that match: :name -:name .name -.name #id",
+         [](Options& options, const Arguments& a) {
+             options.changes.push_back({a[0], a[1]});
+         }},
+        {"--all", "", 0, StyleCommand, "list every attribute, also where only the default holds",
+         [](Options& options, const Arguments&) { options.allAttributes = true; }},
+        {"--selectors", "TEXT", 1, ParseCommand, "parse a list of selectors instead of a sheet",
+         [](Options& options, const Arguments& a) { options.selectorsText = a[0]; }},
+        {"--simple-selector", "TEXT", 1, ParseCommand, "parse the leftmost compound of a selector",
+         [](Options& options, const Arguments& a) { options.simpleSelectorText = a[0]; }},
+        {"--value", "TEXT", 1, ParseCommand, "parse one property value",
+         [](Options& options, const Arguments& a) { options.valueText = a[0]; }},
+        {"--format", "text|json", 1, AllCommands, "form of the output (default text)", setFormat},
+        {"--color", "auto|always|never", 1, AllCommands, "colours; auto: on terminals, unless NO_COLOR is set",
+         setColor},
+        {"--debug", "", 0, AllCommands, "debug messages too",
+         [](Options& options, const Arguments&) { options.debug = true; }},
+        {"-h,--help", "", 0, AllCommands, "print this help",
+         [](Options& options, const Arguments&) { options.help = true; }},
+        {"--version", "", 0, AllCommands, "print the version",
+         [](Options& options, const Arguments&) { options.version = true; }},
+    };
+    return table;
+}
+
+} // namespace Command

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "Options.h"
+
+#include <vector>
+
+namespace Command {
+
+/// The subcommands as bits, for the columns of the tables.
+enum CommandBit : unsigned {
+    CheckCommand = 1,
+    ParseCommand = 2,
+    StyleCommand = 4,
+    QueryCommand = 8,
+    SceneCommands = StyleCommand | QueryCommand,
+    AllCommands = CheckCommand | ParseCommand | StyleCommand | QueryCommand
+};
+
+/// One subcommand.
+struct CommandRow {
+    CommandBit bit;
+    const char* name;
+    const char* usage; ///< what follows the name
+    const char* help;
+};
+
+/// One option: what the command line accepts and what the help says.
+struct OptionRow {
+    const char* names;     ///< as CLI11 takes them: "-s,--sheet"
+    const char* arguments; ///< their names in the help; empty for a flag
+    int argumentCount;
+    unsigned commands;
+    const char* help;
+    void (*apply)(Options& options, const std::vector<QByteArray>& arguments);
+};
+
+const std::vector<CommandRow>& commandTable();
+const std::vector<OptionRow>& optionTable();
+
+} // namespace Command

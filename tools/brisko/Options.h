@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QByteArray>
+
+#include <optional>
+#include <vector>
+
+namespace Command {
+
+enum class OutputFormat { Text, Json };
+enum class ColorUse { Auto, Always, Never };
+
+/// A sheet of the command line with the origin that held where it stood.
+struct SheetArgument {
+    QByteArray path;
+    int origin;
+};
+
+/// One `--on SELECTOR CHANGE`, as written.
+struct ChangeArgument {
+    QByteArray selector;
+    QByteArray change;
+};
+
+/// What the command line asks for.
+struct Options {
+    QByteArray command;                ///< name of the subcommand
+    std::vector<QByteArray> arguments; ///< scene and selector; sheets without an option of their own are in `sheets`
+    std::vector<SheetArgument> sheets;
+    std::vector<ChangeArgument> changes;
+    int origin = 1; ///< of the next sheet while the line is read, of the standard input afterwards
+    QByteArray media = "screen";
+    std::optional<float> dpi;
+    OutputFormat format = OutputFormat::Text;
+    ColorUse color = ColorUse::Auto;
+    bool anyProperty = false;
+    bool allAttributes = false;
+    bool debug = false;
+    bool help = false;
+    bool version = false;
+    std::optional<QByteArray> selectorsText;
+    std::optional<QByteArray> simpleSelectorText;
+    std::optional<QByteArray> valueText;
+};
+
+} // namespace Command

@@ -1,0 +1,87 @@
+#include "Brisko/CSSParser.h"
+#include "CommandLine.h"
+#include "Commands.h"
+#include "Diagnostics.h"
+
+#include <new>
+#include <ostream>
+
+namespace Command {
+
+namespace {
+
+struct RunRow {
+    const char* name;
+    ExitCode (*run)(const Options& options, Console& console, MessageLog& log);
+};
+
+constexpr RunRow runTable[] = {
+    {"check", runCheck},
+    {"parse", runParse},
+    {"style", runStyle},
+    {"query", runQuery},
+};
+
+/// The settings of the libraries that a run changes, put back at its end.
+class LibrarySettings {
+public:
+    explicit LibrarySettings(const Options& options)
+        : m_dpi(Brisko::CSSParser::defaultDpi()), m_debug(Gorvel::Trace::isDebugEnabled()) {
+        if (options.dpi)
+            Brisko::CSSParser::setDefaultDpi(*options.dpi);
+        Gorvel::Trace::setDebugEnabled(options.debug);
+    }
+    ~LibrarySettings() {
+        Brisko::CSSParser::setDefaultDpi(m_dpi);
+        Gorvel::Trace::setDebugEnabled(m_debug);
+    }
+    LibrarySettings(const LibrarySettings&) = delete;
+    LibrarySettings& operator=(const LibrarySettings&) = delete;
+
+private:
+    float m_dpi;
+    bool m_debug;
+};
+
+ExitCode runCommand(const Options& options, Console& console) {
+    const LibrarySettings settings(options);
+    MessageLog log;
+    for (const RunRow& row : runTable) {
+        if (options.command == row.name)
+            return row.run(options, console, log);
+    }
+    return Failed;
+}
+
+ExitCode runOptions(const Options& options, Console& console) {
+    if (options.help)
+        console.out << helpText(options.command).constData();
+    else if (options.version)
+        console.out << "brisko " BRISKO_VERSION "\n";
+    else
+        return runCommand(options, console);
+    return Done;
+}
+
+} // namespace
+
+void reportMessages(const Options& options, Console& console, const MessageLog& log) {
+    if (options.format == OutputFormat::Text)
+        printDiagnostics(console.err, log.messages(), console.colors(options.color, console.errIsTerminal));
+}
+
+int run(const std::vector<QByteArray>& arguments, Console& console) {
+    try {
+        const ExitCode code = runOptions(readCommandLine(arguments), console);
+        if (!console.out.flush())
+            throw Failure::because("the output cannot be written");
+        return code;
+    } catch (const Failure& failure) {
+        console.err << printable(failure.what()).constData() << std::endl;
+    } catch (const std::bad_alloc&) {
+        console.err << "brisko: out of memory" << std::endl;
+    }
+    return Failed;
+}
+
+} // namespace Command

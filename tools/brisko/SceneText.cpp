@@ -1,0 +1,78 @@
+#include "SceneText.h"
+
+#include "Diagnostics.h"
+#include "SceneWalk.h"
+
+#include <ostream>
+
+namespace Command {
+
+using Brisko::Styleable;
+using Ondex::Attribute;
+
+namespace {
+
+/// Escape sequences of terminals; all empty where there are no colours.
+struct Paint {
+    const char* path = "";
+    const char* source = "";
+    const char* plain = "";
+};
+
+/// The word for the layer that wins; empty for the usual one.
+const char* layerWord(const Attribute& attribute) {
+    if (attribute.isValueDefinedOnLayer(Attribute::AnimationLayer))
+        return " (transition)";
+    if (attribute.isValueDefinedOnLayer(Attribute::ImportantStyleLayer))
+        return " !important";
+    if (attribute.isValueDefinedOnLayer(Attribute::UserLayer))
+        return " (scene)";
+    return attribute.isValueDefinedOnLayer(Attribute::StyleLayer) ? "" : " (default)";
+}
+
+QByteArray valueText(const Attribute& attribute) {
+    return printable(attribute.asString(nullptr, Attribute::EffectiveLayer).toUtf8());
+}
+
+void writeAttribute(std::ostream& out, const Styleable& node, const Attribute& attribute, const Paint& paint) {
+    const QByteArray left = "    " + printable(attribute.name()) + ": " + valueText(attribute) + layerWord(attribute);
+    const QByteArray source = printable(node.attributeSource(attribute.name()).toUtf8());
+    if (source.isEmpty()) {
+        out << left.constData() << '\n';
+        return;
+    }
+    out << left.leftJustified(47).constData() << ' ' << paint.source << source.constData() << paint.plain << '\n';
+}
+
+/// Id and classes from the scene stand in the line of the node already.
+bool standsInIdentity(const Styleable& node, const Attribute& attribute) {
+    return (attribute.name() == "css-id" || attribute.name() == "css-class") &&
+           node.attributeSource(attribute.name()).isEmpty();
+}
+
+void writeArmed(std::ostream& out, const Attribute& attribute) {
+    out << "    ~ " << printable(attribute.name()).constData() << " runs "
+        << shortestNumber(attribute.transitionDuration()).constData() << "s after "
+        << shortestNumber(attribute.transitionDelay()).constData() << "s\n";
+}
+
+} // namespace
+
+void writeSceneText(std::ostream& out, Styleable& root, Listed listed, bool colors) {
+    const Paint paint = colors ? Paint{"\x1b[1m", "\x1b[36m", "\x1b[0m"} : Paint{};
+    for (SceneWalk walk(root); walk.isValid(); walk.next()) {
+        const Styleable& node = walk.node();
+        out << paint.path << printable(walk.path()).constData() << paint.plain << "  "
+            << printable(node.simpleSelector(true).toUtf8()).constData() << '\n';
+        for (const Attribute* attribute : listedAttributes(node, listed)) {
+            if (listed == Listed::All || !standsInIdentity(node, *attribute))
+                writeAttribute(out, node, *attribute, paint);
+        }
+        for (const Attribute* attribute : listedAttributes(node, Listed::All)) {
+            if (attribute->isTransitionArmed())
+                writeArmed(out, *attribute);
+        }
+    }
+}
+
+} // namespace Command
