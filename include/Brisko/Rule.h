@@ -3,27 +3,36 @@
 #include "Brisko/Declaration.h"
 #include "Brisko/Selector.h"
 
+#include <memory>
 #include <vector>
 
 namespace Brisko {
 
 /// One selector with its declarations in source order. A rule set with a list of selectors makes a Rule for each.
+///
+/// A value; the declarations never change, so that copies, and the rules of one rule set, can share them.
 class BRISKO_EXPORT Rule {
 public:
-    Rule(const Selector& selector, const std::vector<Declaration>& declarations)
-        : m_selector(selector), m_declarations(declarations) {}
+    using Declarations = std::vector<Declaration>;
+
+    Rule(const Selector& selector, const Declarations& declarations)
+        : Rule(selector, std::make_shared<const Declarations>(declarations)) {}
+    /// Makes a rule that shares its declarations; not null.
+    Rule(const Selector& selector, std::shared_ptr<const Declarations> declarations)
+        : m_selector(selector), m_declarations(std::move(declarations)) {}
 
     const Selector& selector() const { return m_selector; }
-    const std::vector<Declaration>& declarations() const { return m_declarations; }
+    const Declarations& declarations() const { return *m_declarations; }
 
     bool operator==(const Rule& other) const {
-        return m_selector == other.m_selector && m_declarations == other.m_declarations;
+        return m_selector == other.m_selector &&
+               (m_declarations == other.m_declarations || *m_declarations == *other.m_declarations);
     }
     bool operator!=(const Rule& other) const { return !(*this == other); }
 
 private:
     Selector m_selector;
-    std::vector<Declaration> m_declarations;
+    std::shared_ptr<const Declarations> m_declarations;
 };
 
 } // namespace Brisko

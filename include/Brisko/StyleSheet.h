@@ -28,6 +28,8 @@ public:
 
     /// Appends a rule; nothing happens where the selector or the list of declarations is empty.
     void declare(const Selector& selector, const std::vector<Declaration>& declarations);
+    /// Appends a rule that shares its declarations, under the same conditions.
+    void declare(const Rule& rule);
     /// Gives @p declaration the next number of this sheet, from 0, and records @p source for it.
     void setId(Declaration& declaration, const QString& source);
     /// Where the declaration of that number was written, as "file:line"; empty for an unknown number.

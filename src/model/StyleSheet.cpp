@@ -23,9 +23,13 @@ StyleSheet& StyleSheet::operator=(const StyleSheet& other) {
 }
 
 void StyleSheet::declare(const Selector& selector, const std::vector<Declaration>& declarations) {
-    if (selector.size() == 0 || declarations.empty())
+    declare(Rule(selector, declarations));
+}
+
+void StyleSheet::declare(const Rule& rule) {
+    if (rule.selector().size() == 0 || rule.declarations().empty())
         return;
-    m_rules.emplace_back(selector, declarations);
+    m_rules.push_back(rule);
     m_index.reset();
 }
 

@@ -3,6 +3,8 @@
 #include "Brisko/StyleSheet.h"
 #include "Gorvel/Trace.h"
 
+#include <iterator>
+
 namespace Brisko {
 
 using Gorvel::Trace;
@@ -29,8 +31,10 @@ void RuleAssembly::parseRule() {
     if (!m_declarations.empty()) {
         Trace::debug("CSSParser::parseRule # parsing rule (%d selectors, %d declarations)", int(m_selectors.size()),
                      int(m_declarations.size()));
+        const auto declarations = std::make_shared<const Rule::Declarations>(
+            std::make_move_iterator(m_declarations.begin()), std::make_move_iterator(m_declarations.end()));
         for (const Selector& selector : m_selectors)
-            m_pending.emplace_back(selector, m_declarations);
+            m_pending.emplace_back(selector, declarations);
     }
     clearStacks();
 }
@@ -38,7 +42,7 @@ void RuleAssembly::parseRule() {
 void RuleAssembly::commit(StyleSheet& sheet) {
     Trace::debug("CSSParser::commit # %d rules", int(m_pending.size()));
     for (const Rule& rule : m_pending)
-        sheet.declare(rule.selector(), rule.declarations());
+        sheet.declare(rule);
     m_pending.clear();
 }
 

@@ -359,6 +359,15 @@ TEST(CSSParserValue, ResultOfAnEarlierValueIsForgotten) {
     EXPECT_EQ(dumpValue(parser.expr("2px")), "2px");
 }
 
+TEST(CSSParserSheet, RulesOfOneListShareTheirDeclarations) {
+    const TraceGuard trace;
+    StyleSheet sheet;
+    CSSParser().parseString(sheet, "a, b { x: 1 } c { x: 1 }", nullptr, author);
+    ASSERT_EQ(sheet.rules().size(), 3u);
+    EXPECT_EQ(&sheet.rules()[0].declarations(), &sheet.rules()[1].declarations());
+    EXPECT_NE(&sheet.rules()[1].declarations(), &sheet.rules()[2].declarations());
+}
+
 TEST(CSSParserValue, ValueAfterABrokenSheet) {
     TraceGuard trace;
     CSSParser parser;
