@@ -157,6 +157,9 @@ bool Styleable::readElement(const Ondex::ArchiveElement& element) {
         return true;
     Gorvel::Trace::error("Styleable::readElement(%s) # Failed to deserialize element '%s'", typeid(*this).name(),
                          name.constData());
+    // A factory may answer a longhand: the shorthand that it made owns that.
+    while (Attribute* owner = made->ownerShorthand())
+        made = owner;
     delete made;
     return false;
 }
