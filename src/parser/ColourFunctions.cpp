@@ -31,8 +31,10 @@ float argument(const StyleValue& arguments, int index) {
     return arguments.isNumber(index) ? arguments.asFloat(index) : 0.f;
 }
 
+// An angle too large for a float is no number; it counts as 0.
 float clamped(const StyleValue& arguments, int index) {
-    return std::clamp(argument(arguments, index), 0.f, 1.f);
+    const float value = argument(arguments, index);
+    return std::isnan(value) ? 0.f : std::clamp(value, 0.f, 1.f);
 }
 
 float opacity(const StyleValue& arguments) {

@@ -141,6 +141,24 @@ TEST(SimpleExpression, TextBracketsOnlyWhereTheOrderNeedsIt) {
         EXPECT_EQ(c.expression.toText().toStdString(), c.text);
 }
 
+TEST(SimpleExpression, TextOfWhatIsNotFiniteHasMoreDigitsThanAFloatHolds) {
+    const QByteArray huge = "1" + QByteArray(60, '0') + ".0";
+    const struct {
+        SimpleExpression expression;
+        QByteArray text;
+    } cases[] = {
+        {SimpleExpression(INFINITY), huge},
+        {SimpleExpression(-INFINITY), "-" + huge},
+        {SimpleExpression(NAN), huge + "deg"},
+        {percent(INFINITY), huge + "%"},
+        {percent(-INFINITY), "-" + huge + "%"},
+        {percent(NAN), huge + "deg * 100%"},
+        {combined(1.f, Div, INFINITY), "1 / " + huge},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(c.expression.toText().toStdString(), c.text.toStdString());
+}
+
 TEST(SimpleExpression, DeepNestingUsesNoRecursion) {
     SimpleExpression expression(1.f);
     for (int i = 0; i < 2000; ++i)

@@ -183,6 +183,10 @@ TEST(StyleValue, ComponentsConvert) {
     }
 }
 
+TEST(StyleValue, KeywordWithANulIsReadWhole) {
+    EXPECT_EQ(StyleValue(QByteArray("a\0b", 3)).asString(0).size(), 3);
+}
+
 TEST(StyleValue, IntegersSaturate) {
     const struct {
         float value;

@@ -47,13 +47,14 @@ TEST(Declaration, CopyHasEveryField) {
     EXPECT_TRUE(copy.important());
 }
 
-TEST(Rule, CopySharesTheCompoundsAndCopiesTheDeclarations) {
+TEST(Rule, CopySharesTheCompoundsAndHasEqualDeclarations) {
     const Rule rule(type("a"), {declaration("x", 1), declaration("y", 2)});
     const Rule copy = rule;
     EXPECT_EQ(copy.selector().front().get(), rule.selector().front().get());
     ASSERT_EQ(copy.declarations().size(), 2u);
-    EXPECT_NE(copy.declarations().data(), rule.declarations().data());
     EXPECT_EQ(copy.declarations()[1].property(), QByteArray("y"));
+    EXPECT_EQ(copy, rule);
+    EXPECT_NE(copy, Rule(type("a"), {declaration("x", 1)}));
 }
 
 TEST(StyleSheet, NewOneIsEmpty) {

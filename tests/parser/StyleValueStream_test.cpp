@@ -145,3 +145,14 @@ TEST(StyleValueStream, WrittenTextReadsBackAsTheSameValue) {
         EXPECT_EQ(fromStream(written(value)), value) << text << " written as " << written(value);
     }
 }
+
+TEST(StyleValueStream, CalculationsWithNumbersBeyondAllReadBack) {
+    const TraceGuard trace;
+    const std::string huge = "1" + std::string(60, '0') + ".0";
+    for (const std::string& text :
+         {huge, "-" + huge, huge + "px", huge + "%", "1 / " + huge, "2 - -" + huge, huge + "deg"}) {
+        const StyleValue value = fromStream("calc(" + text + ")");
+        ASSERT_EQ(value.size(), 1) << text;
+        EXPECT_EQ(fromStream(written(value)), value) << text << " written as " << written(value);
+    }
+}

@@ -55,6 +55,12 @@ QByteArray NumberText::percentage(float fraction) {
     return (std::isfinite(fraction) ? timesHundred(digits(fraction)) : infinite(fraction)) + '%';
 }
 
+QByteArray NumberText::notFinite(float value) {
+    constexpr int zeros = 60; // twenty more than it takes, so that a percentage overflows as well
+    const QByteArray text = (value < 0 ? "-1" : "1") + QByteArray(zeros, '0') + ".0";
+    return std::isnan(value) ? text + "deg" : text;
+}
+
 bool NumberText::isWholeChannel(float value) {
     const float scaled = std::round(value * 255.f);
     return std::abs(scaled) < IntegerLimit && scaled / 255.f == value;

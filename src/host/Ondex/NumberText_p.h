@@ -5,7 +5,7 @@
 namespace Ondex {
 
 /// Numbers as text in the form that CSS has: no exponents, and the fewest digits that read back as the same 32-bit
-/// float. Numbers that are not finite have no such form; they become "inf", "-inf" and "nan".
+/// float. CSS has no word for numbers that are not finite; they become "inf", "-inf" and "nan" in all but notFinite().
 class NumberText {
 public:
     /// Without a decimal point where the number is whole and small enough to be read as an integer.
@@ -16,6 +16,9 @@ public:
     static QByteArray percentage(float fraction);
     /// A colour channel, 0 to 1, on the scale to 255; the nearest text where none reads back as the same float.
     static QByteArray channel(float value);
+    /// A number that is not finite in a form that reads back as such: more digits than a float can hold, and for NaN an
+    /// angle of that size, which has no place on the circle.
+    static QByteArray notFinite(float value);
     /// Whether a channel is a whole number on the scale to 255.
     static bool isWholeChannel(float value);
 };

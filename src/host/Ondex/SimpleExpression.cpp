@@ -6,6 +6,7 @@
 #include <QVarLengthArray>
 
 #include <algorithm>
+#include <cmath>
 #include <vector>
 
 namespace Ondex {
@@ -120,7 +121,7 @@ public:
     explicit InfixWriter(const std::vector<Op>& ops) {
         for (std::size_t i = 0; i < ops.size(); ++i) {
             if (isPercentage(ops, i)) {
-                push(NumberText::percentage(ops[i].constant));
+                push(percentageText(ops[i].constant));
                 i += 2;
             } else if (ops[i].isOperand()) {
                 push(operandText(ops[i]));
@@ -158,13 +159,17 @@ private:
 
     /// A number times parameter 0, which is how a percentage is built.
     static bool isPercentage(const std::vector<Op>& ops, std::size_t i) {
-        return i + 2 < ops.size() && ops[i].code == Op::Constant && ops[i + 1].code == Op::Parameter &&
-               ops[i + 1].parameter == 0 && ops[i + 2].code == Op::Mul;
+        return i + 2 < ops.size() && ops[i].code == Op::Constant && !std::isnan(ops[i].constant) &&
+               ops[i + 1].code == Op::Parameter && ops[i + 1].parameter == 0 && ops[i + 2].code == Op::Mul;
+    }
+
+    static QByteArray percentageText(float fraction) {
+        return std::isfinite(fraction) ? NumberText::percentage(fraction) : NumberText::notFinite(fraction) + '%';
     }
 
     static QByteArray operandText(const Op& op) {
         if (op.code == Op::Constant)
-            return NumberText::number(op.constant);
+            return std::isfinite(op.constant) ? NumberText::number(op.constant) : NumberText::notFinite(op.constant);
         return op.parameter == 0 ? QByteArray("100%") : "param(" + QByteArray::number(op.parameter) + ')';
     }
 

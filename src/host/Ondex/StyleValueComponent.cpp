@@ -163,7 +163,7 @@ QString Component::asString() const {
     case TYPE_STRING:
         return m_content.text;
     case TYPE_KEYWORD:
-        return QString::fromUtf8(m_content.keyword);
+        return QString::fromUtf8(m_content.keyword.constData(), m_content.keyword.size()); // NUL is a character
     default:
         return QString();
     }
