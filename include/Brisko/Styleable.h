@@ -13,6 +13,8 @@
 
 namespace Brisko {
 
+class StylePass;
+
 /// A node that style sheets apply to. It has a CSS type, an id, classes and pseudo-classes; its attributes are the
 /// properties.
 ///
@@ -24,8 +26,8 @@ namespace Brisko {
 ///
 /// The root is given a Style; every other node takes the one that its host hands on. A change of the identity restyles
 /// the node, and its children only where what they are handed changed. While a node is being styled, a further restyle
-/// of it waits until the pass is over. Used on the thread that owns the node. A listener must not delete the node that
-/// is being styled.
+/// of it waits until the pass is over. A listener may delete any node and attribute, also those that are being styled.
+/// Used on the thread that owns the node.
 class BRISKO_EXPORT Styleable : public Ondex::Node {
 public:
     explicit Styleable(const QByteArray& type);
@@ -97,8 +99,11 @@ private:
 
     /// How far the selectors go that tested a pseudo-class on this node.
     enum PseudoClassUse { Unused = 0, EndsHere = 1, GoesOnBelow = 2 };
-    /// Whether a style pass of this node runs, and whether it is the one that an earlier pass asked for.
-    enum class PassState : quint8 { Idle, First, Repeated };
+    /// Whether a style pass is the one that an earlier pass of this node asked for.
+    enum class PassKind { First, Repeated };
+    /// What follows from a style pass.
+    enum class PassEnd { Done, AskedAgain, NodeDeleted };
+    class Watch;
     struct Applied {
         bool important;
         int generation;
@@ -113,12 +118,12 @@ private:
     void classesChanged();
     void clearProperty(const QByteArray& name, bool important);
 
-    bool isPassRunning() const { return m_passState != PassState::Idle; }
+    bool isPassRunning() const { return m_pass; }
     void askAgain(const Style& style);
     const Style& incomingStyle() const;
-    bool applyStyle(const Style& style, PassState state);
+    bool applyStyle(const Style& style, PassKind kind);
     void applyStyleAlone();
-    bool runPass(Style* childStyle, PassState state);
+    PassEnd runPass(Style* childStyle, PassKind kind);
 
     void addChild(Styleable* child);
     void removeChild(Styleable* child);
@@ -139,9 +144,10 @@ private:
     Gorvel::ArrayMap<QByteArray, int> m_sources; // number of the declaration that won, by property
     std::vector<Styleable*> m_children;          // null where one was removed; closed up when half of them are
     int m_childCount = 0;
-    int m_place = -1; // in the children of the host
-    int m_visits = 0; // walks over the children that run now
-    PassState m_passState = PassState::Idle;
+    int m_place = -1;                    // in the children of the host
+    int m_visits = 0;                    // walks over the children that run now
+    StylePass* m_pass = nullptr;         // the one that runs
+    Watch* m_watch = nullptr;            // the innermost
     std::unique_ptr<Style> m_askedStyle; // a restyle that waits for the end of the pass
 };
 

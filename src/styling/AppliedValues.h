@@ -34,7 +34,7 @@ struct Claim {
 class AppliedValues {
 public:
     struct Value {
-        Ondex::Attribute* attribute;
+        Ondex::Attribute* attribute; ///< null once it has left the node
         Ondex::StyleValue value;
         Claim claim;
         bool isShorthand; ///< the attribute split it and is not written itself
@@ -46,7 +46,7 @@ public:
         const int place = find(attribute);
         if (place < 0) {
             m_values.push_back({attribute, value, claim, false});
-            if (!m_places.empty() || m_values.size() > longList)
+            if (m_indexed > 0 || m_values.size() > longList)
                 indexRest();
             return int(m_values.size()) - 1;
         }
@@ -59,18 +59,28 @@ public:
         return place;
     }
 
+    /// Drops what was won by an attribute that is deleted; the places of the others stay.
+    void forget(Ondex::Attribute* attribute) {
+        const int place = find(attribute);
+        if (place < 0)
+            return;
+        m_values[std::size_t(place)].attribute = nullptr;
+        m_places.erase(attribute);
+    }
+
     Value& operator[](int place) { return m_values[std::size_t(place)]; }
     int size() const { return int(m_values.size()); }
     void clear() {
         m_values.clear();
         m_places.clear();
+        m_indexed = 0;
     }
 
 private:
     static constexpr std::size_t longList = 24; // up to here a search through the list is quicker than a look-up
 
     int find(Ondex::Attribute* attribute) const {
-        if (!m_places.empty()) {
+        if (m_indexed > 0) {
             const auto found = m_places.find(attribute);
             return found == m_places.end() ? -1 : found->second;
         }
@@ -82,12 +92,15 @@ private:
     }
 
     void indexRest() {
-        for (std::size_t i = m_places.size(); i < m_values.size(); ++i)
-            m_places.emplace(m_values[i].attribute, int(i));
+        for (; m_indexed < m_values.size(); ++m_indexed) {
+            if (Ondex::Attribute* attribute = m_values[m_indexed].attribute)
+                m_places.emplace(attribute, int(m_indexed));
+        }
     }
 
     std::vector<Value> m_values;
     std::unordered_map<Ondex::Attribute*, int> m_places;
+    std::size_t m_indexed = 0; // values that the look-up knows
 };
 
 } // namespace Brisko

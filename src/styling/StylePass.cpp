@@ -55,35 +55,48 @@ thread_local std::vector<std::unique_ptr<StylePass::Scratch>> StylePass::Scratch
 thread_local std::size_t StylePass::Scratch::depth = 0;
 
 StylePass::StylePass(Styleable& node, Style* childStyle)
-    : m_node(node), m_childStyle(childStyle), m_scratch(Scratch::lease()), m_newGeneration(node.m_generation + 1) {}
+    : m_node(node), m_watch(node), m_sheet(node.m_style.styleSheet()), m_childStyle(childStyle),
+      m_scratch(Scratch::lease()), m_newGeneration(node.m_generation + 1) {
+    node.m_pass = this;
+}
 
 StylePass::~StylePass() {
     Scratch::giveBack(m_scratch);
+    if (isNodeAlive())
+        m_node.m_pass = nullptr;
 }
 
-void StylePass::run() {
-    matchRules();
-    matchWaiting();
-    writeWinners();
-    applyDeferred();
-    clearStale();
+bool StylePass::run() {
+    using Step = void (StylePass::*)();
+    for (const Step step : {&StylePass::matchRules, &StylePass::matchWaiting, &StylePass::writeWinners,
+                            &StylePass::applyDeferred, &StylePass::clearStale}) {
+        (this->*step)();
+        if (!isNodeAlive())
+            return false;
+    }
     m_node.m_generation = m_newGeneration;
+    return true;
+}
+
+void StylePass::forget(Attribute* attribute) {
+    m_scratch.applied.forget(attribute);
 }
 
 void StylePass::matchRules() {
-    const std::shared_ptr<StyleSheet> sheet = m_node.m_style.styleSheet();
-    if (!sheet)
+    if (!m_sheet)
         return;
-    sheet->ruleIndex().collect(m_node.cssType(), m_node.m_cssId.value(), m_node.cssClasses(), m_scratch.rules);
-    for (int number : m_scratch.rules) {
-        const Rule& rule = sheet->rules()[std::size_t(number)];
+    m_sheet->ruleIndex().collect(m_node.cssType(), m_node.m_cssId.value(), m_node.cssClasses(), m_scratch.rules);
+    for (std::size_t i = 0; isNodeAlive() && i < m_scratch.rules.size(); ++i) {
+        const Rule& rule = m_sheet->rules()[std::size_t(m_scratch.rules[i])];
         tryCompound(*rule.selector().front(), 0, rule.declarations());
     }
 }
 
 void StylePass::matchWaiting() {
-    for (const Style::MatchState& state : m_node.m_style.state())
+    for (std::size_t i = 0; isNodeAlive() && i < m_node.m_style.state().size(); ++i) {
+        const Style::MatchState& state = m_node.m_style.state()[i];
         tryCompound(*state.selector, state.specificity, *state.declarations);
+    }
 }
 
 void StylePass::tryCompound(const SimpleSelector& compound, int specificity,
@@ -98,6 +111,8 @@ void StylePass::applyDeclarations(const SimpleSelector& compound, const std::vec
         Attribute* attribute = m_node.attribute(declaration.property());
         if (!attribute)
             attribute = LazyAttributeManager::create(&m_node, declaration.property());
+        if (!isNodeAlive())
+            return;
         if (attribute)
             offer(attribute, declaration.value(), {specificity, declaration.id(), declaration.important()});
         else
@@ -125,8 +140,9 @@ bool StylePass::offer(Attribute* attribute, const StyleValue& value, const Claim
 void StylePass::writeWinners() {
     const bool transitionsFirst = !m_node.m_applied.isEmpty();
     const auto writeWhere = [this](bool ofTransition) {
-        for (int place = 0; place < m_scratch.applied.size(); ++place) {
-            if ((m_scratch.applied[place].attribute->ownerShorthand() == &m_node.m_transition) == ofTransition)
+        for (int place = 0; isNodeAlive() && place < m_scratch.applied.size(); ++place) {
+            const Attribute* attribute = m_scratch.applied[place].attribute;
+            if (attribute && (attribute->ownerShorthand() == &m_node.m_transition) == ofTransition)
                 write(place);
         }
     };
@@ -136,17 +152,20 @@ void StylePass::writeWinners() {
 
 void StylePass::write(int place) {
     const AppliedValues::Value& winner = m_scratch.applied[place];
-    if (winner.isShorthand)
+    if (winner.isShorthand || !winner.attribute)
         return;
     const bool important = winner.claim.important;
     const QByteArray name = winner.attribute->name();
     if (!m_node.setAttributeValue(*winner.attribute, winner.value,
-                                  important ? Attribute::ImportantStyleLayer : Attribute::StyleLayer))
+                                  important ? Attribute::ImportantStyleLayer : Attribute::StyleLayer) ||
+        !isNodeAlive())
         return;
     // A property that turned important, or turned normal again, leaves nothing on the layer that it had before.
     const Styleable::Applied* before = m_node.m_applied.find(name);
     if (before && before->important != important)
         m_node.clearProperty(name, before->important);
+    if (!isNodeAlive())
+        return;
     m_node.m_applied[name] = {important, m_newGeneration};
     m_node.m_sources[name] = winner.claim.declaration;
 }
@@ -157,8 +176,10 @@ void StylePass::applyDeferred() {
         if (Attribute* attribute = m_node.attribute(declaration.property())) {
             m_scratch.won.clear();
             offer(attribute, declaration.value(), {deferred.specificity, declaration.id(), declaration.important()});
-            for (std::size_t i = 0; i < m_scratch.won.size(); ++i)
+            for (std::size_t i = 0; isNodeAlive() && i < m_scratch.won.size(); ++i)
                 write(m_scratch.won[i]);
+            if (!isNodeAlive())
+                return;
         } else if (!deferred.compound->isEmpty()) {
             Gorvel::Trace::error("Styleable::setStyle # %s # Attribute %s not found",
                                  Gorvel::StringUtils::demangle(typeid(m_node).name()).constData(),
@@ -170,8 +191,11 @@ void StylePass::applyDeferred() {
 /// Clears what an earlier pass wrote and this one did not. The names stay, and are cleared again without effect.
 void StylePass::clearStale() {
     for (const auto& [name, applied] : m_node.m_applied) {
-        if (applied.generation != m_newGeneration)
-            m_node.clearProperty(name, applied.important);
+        if (applied.generation == m_newGeneration)
+            continue;
+        m_node.clearProperty(QByteArray(name), applied.important);
+        if (!isNodeAlive())
+            return;
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "Brisko/Styleable.h"
 #include "styling/AppliedValues.h"
+#include "styling/StyleableWatch.h"
 
 #include <vector>
 
@@ -18,7 +19,10 @@ public:
     StylePass(const StylePass&) = delete;
     StylePass& operator=(const StylePass&) = delete;
 
-    void run();
+    /// @return false where a listener deleted the node
+    bool run();
+    /// Gives up an attribute that leaves the node while the pass runs.
+    void forget(Ondex::Attribute* attribute);
 
 private:
     struct Scratch;
@@ -34,7 +38,11 @@ private:
     void applyDeferred();
     void clearStale();
 
+    bool isNodeAlive() const { return m_watch.isAlive(); }
+
     Styleable& m_node;
+    Styleable::Watch m_watch;
+    std::shared_ptr<StyleSheet> m_sheet; // holds the rules, also where the node goes
     Style* m_childStyle;
     Scratch& m_scratch;
     int m_newGeneration;

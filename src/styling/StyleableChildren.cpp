@@ -1,4 +1,5 @@
 #include "Brisko/Styleable.h"
+#include "styling/StylePass.h"
 
 #include <algorithm>
 
@@ -11,12 +12,16 @@ void Styleable::attributeAdded(Ondex::Attribute* attribute) {
     addChild(child);
     if (!m_style.isValid())
         return;
+    const Watch watch(*this);
+    const Watch childWatch(*child);
     updateStyle();
-    if (child->host() == this && child->m_style != m_childStyle)
+    if (watch.isAlive() && childWatch.isAlive() && child->host() == this && child->m_style != m_childStyle)
         child->setStyle(m_childStyle);
 }
 
 void Styleable::attributeRemoved(Ondex::Attribute* attribute) {
+    if (m_pass)
+        m_pass->forget(attribute);
     if (auto* child = dynamic_cast<Styleable*>(attribute))
         removeChild(child);
 }

@@ -1,6 +1,7 @@
 #include "Brisko/Styleable.h"
 
 #include "Gorvel/BinaryData.h"
+#include "styling/StyleableWatch.h"
 
 namespace Brisko {
 
@@ -24,6 +25,8 @@ Styleable::Styleable(const QByteArray& type)
 }
 
 Styleable::~Styleable() {
+    Watch::abandon(m_watch);
+    m_pass = nullptr;
     leaveHost();
 }
 
@@ -43,15 +46,17 @@ void Styleable::setCSSClasses(const QString& classes) {
 void Styleable::addCSSClass(const QString& name) {
     if (name.isEmpty())
         return;
+    const Watch watch(*this);
     if (cssClassStr().isEmpty())
         m_cssClass = name;
-    if (!m_classes.contains(lowerCased(name)))
+    if (watch.isAlive() && !m_classes.contains(lowerCased(name)))
         m_cssClass = cssClassStr() + QLatin1Char(' ') + name;
 }
 
 void Styleable::addCSSClasses(const QStringList& names) {
-    for (const QString& name : names)
-        addCSSClass(name);
+    const Watch watch(*this);
+    for (int i = 0; watch.isAlive() && i < names.size(); ++i)
+        addCSSClass(names[i]);
 }
 
 void Styleable::removeCSSClass(const QString& name) {
@@ -63,8 +68,9 @@ void Styleable::removeCSSClass(const QString& name) {
 }
 
 void Styleable::removeCSSClasses(const QStringList& names) {
-    for (const QString& name : names)
-        removeCSSClass(name);
+    const Watch watch(*this);
+    for (int i = 0; watch.isAlive() && i < names.size(); ++i)
+        removeCSSClass(names[i]);
 }
 
 void Styleable::toggleCSSClass(const QByteArray& name, bool on) {
@@ -90,6 +96,7 @@ void Styleable::setPseudoClass(const QByteArray& name, bool on) {
     if (pseudoClass(name) == on)
         return;
     m_pseudoClassState[name] = on;
+    const Watch watch(*this);
     if (!isStylingSuppressed()) {
         const int* use = m_pseudoClassUse.find(name);
         if (use && *use == GoesOnBelow)
@@ -97,6 +104,8 @@ void Styleable::setPseudoClass(const QByteArray& name, bool on) {
         else if (use && *use == EndsHere)
             applyStyleAlone();
     }
+    if (!watch.isAlive())
+        return;
     Gorvel::BinaryData data;
     data << name << qint32(on);
     eventSend(pseudoClassChanged, data);

@@ -4,6 +4,7 @@
 #include "Gorvel/Trace.h"
 #include "Ondex/ArchiveElement.h"
 #include "styling/StylePass.h"
+#include "styling/StyleableWatch.h"
 
 #include <typeinfo>
 
@@ -19,20 +20,22 @@ bool Styleable::setStyle(const Style& style) {
         askAgain(style);
         return false;
     }
-    if (!applyStyle(style, PassState::First))
+    if (!applyStyle(style, PassKind::First))
         return false;
     styleChildren();
     return true;
 }
 
-/// Runs the pass with a new child style and keeps that. @return whether it differs from the one before
-bool Styleable::applyStyle(const Style& style, PassState state) {
+/// Runs the pass with a new child style and keeps that.
+/// @return whether it differs from the one before; false where a listener deleted this node
+bool Styleable::applyStyle(const Style& style, PassKind kind) {
     m_pseudoClassUse.clear();
     m_style = style;
     Style childStyle(m_style.styleSheet());
-    if (runPass(&childStyle, state))
-        return applyStyle(*std::exchange(m_askedStyle, nullptr), PassState::Repeated);
-    if (childStyle == m_childStyle)
+    const PassEnd end = runPass(&childStyle, kind);
+    if (end == PassEnd::AskedAgain)
+        return applyStyle(*std::exchange(m_askedStyle, nullptr), PassKind::Repeated);
+    if (end == PassEnd::NodeDeleted || childStyle == m_childStyle)
         return false;
     m_childStyle = std::move(childStyle);
     return true;
@@ -42,22 +45,23 @@ bool Styleable::applyStyle(const Style& style, PassState state) {
 void Styleable::applyStyleAlone() {
     if (isPassRunning())
         askAgain(m_style);
-    else if (runPass(nullptr, PassState::First) &&
-             applyStyle(*std::exchange(m_askedStyle, nullptr), PassState::Repeated))
+    else if (runPass(nullptr, PassKind::First) == PassEnd::AskedAgain &&
+             applyStyle(*std::exchange(m_askedStyle, nullptr), PassKind::Repeated))
         styleChildren();
 }
 
-/// @return whether the node has to be styled once more, with m_askedStyle
-bool Styleable::runPass(Style* childStyle, PassState state) {
-    m_passState = state;
-    StylePass(*this, childStyle).run();
-    m_passState = PassState::Idle;
-    if (!m_askedStyle || state == PassState::First)
-        return m_askedStyle != nullptr;
+/// Asked again, the node has to be styled once more, with m_askedStyle.
+Styleable::PassEnd Styleable::runPass(Style* childStyle, PassKind kind) {
+    if (!StylePass(*this, childStyle).run())
+        return PassEnd::NodeDeleted;
+    if (!m_askedStyle)
+        return PassEnd::Done;
+    if (kind == PassKind::First)
+        return PassEnd::AskedAgain;
     m_askedStyle.reset();
     Gorvel::Trace::error("Styleable::setStyle # %s # Styling changes what it depends on; the last change is ignored",
                          simpleSelector(true).toUtf8().constData());
-    return false;
+    return PassEnd::Done;
 }
 
 void Styleable::askAgain(const Style& style) {
@@ -75,12 +79,14 @@ void Styleable::updateStyle() {
 }
 
 void Styleable::styleChildren() {
+    const Watch watch(*this);
     ++m_visits; // keeps the list from being closed up
-    for (std::size_t i = 0; i < m_children.size(); ++i) {
+    for (std::size_t i = 0; watch.isAlive() && i < m_children.size(); ++i) {
         if (m_children[i])
             m_children[i]->setStyle(m_childStyle);
     }
-    --m_visits;
+    if (watch.isAlive())
+        --m_visits;
 }
 
 namespace {
@@ -138,9 +144,10 @@ bool Styleable::setAttributeValue(Attribute& attribute, const StyleValue& value,
 }
 
 void Styleable::clearProperty(const QByteArray& name, bool important) {
-    if (Attribute* held = attribute(name))
-        held->clearValue(important ? ImportantStyleLayer : StyleLayer);
+    Attribute* held = attribute(name);
     m_sources.remove(name);
+    if (held)
+        held->clearValue(important ? ImportantStyleLayer : StyleLayer); // may delete this node
 }
 
 QString Styleable::attributeSource(const QByteArray& name) const {
