@@ -1,6 +1,12 @@
 #pragma once
 
+#include "Brisko/AttributeBackground.h"
+#include "Brisko/AttributeBorder.h"
+#include "Brisko/AttributeFont.h"
 #include "Brisko/AttributeTransitionAnim.h"
+#include "Brisko/BackgroundImage.h"
+#include "Brisko/Border.h"
+#include "Brisko/CSSBoxModel.h"
 #include "Brisko/CSSParser.h"
 #include "Brisko/Declaration.h"
 #include "Brisko/LazyAttributeManager.h"
