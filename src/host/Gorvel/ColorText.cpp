@@ -15,7 +15,7 @@ namespace Gorvel {
 namespace {
 
 struct Argument {
-    float value; // a percentage as a fraction
+    double value; // a percentage as a fraction
     bool isPercentage;
 };
 
@@ -33,7 +33,7 @@ std::optional<Argument> readArgument(QByteArray text) {
     const double number = text.toDouble(&ok) / (isPercentage ? 100. : 1.);
     if (!ok || !(std::abs(number) <= std::numeric_limits<float>::max()))
         return std::nullopt;
-    return Argument{static_cast<float>(number), isPercentage};
+    return Argument{number, isPercentage};
 }
 
 /// Reads `name(argument, ...)`.
@@ -75,19 +75,24 @@ std::optional<Color> readHexDigits(const QByteArray& digits) {
     return Color(channels[0], channels[1], channels[2], channels[3]);
 }
 
-double unitRange(float value) {
-    return std::clamp(static_cast<double>(value), 0., 1.);
+double unitRange(double value) {
+    return std::clamp(value, 0., 1.);
+}
+
+/// Divides before it rounds, so that every channel has a text.
+float channel(const Argument& argument, double scale) {
+    return static_cast<float>(argument.value / scale);
 }
 
 Color rgbColor(const std::vector<Argument>& arguments, float alpha) {
-    const float scale = arguments[0].isPercentage ? 1.f : 255.f;
-    return Color(arguments[0].value / scale, arguments[1].value / scale, arguments[2].value / scale, alpha);
+    const double scale = arguments[0].isPercentage ? 1. : 255.;
+    return Color(channel(arguments[0], scale), channel(arguments[1], scale), channel(arguments[2], scale), alpha);
 }
 
 using FromHue = QColor (*)(qreal, qreal, qreal, qreal);
 
 Color hueColor(FromHue make, const std::vector<Argument>& arguments, float alpha) {
-    const double turns = static_cast<double>(arguments[0].value) / 360.;
+    const double turns = arguments[0].value / 360.;
     return make(turns - std::floor(turns), unitRange(arguments[1].value), unitRange(arguments[2].value),
                 unitRange(alpha));
 }
@@ -100,7 +105,7 @@ std::optional<Color> readFunction(const QByteArray& text) {
     const std::vector<Argument>& arguments = call->arguments;
     if (arguments.size() != (hasAlpha ? 4 : 3))
         return std::nullopt;
-    const float alpha = hasAlpha ? arguments[3].value : 1.f;
+    const float alpha = hasAlpha ? channel(arguments[3], 1.) : 1.f;
     const QByteArray model = call->name.left(3);
     if (call->name.size() != (hasAlpha ? 4 : 3))
         return std::nullopt;
@@ -131,8 +136,8 @@ std::optional<ColorPMA> ColorText::readPremultiplied(const QByteArray& text) {
     if (!call || call->name != "rgba_pma" || call->arguments.size() != 4)
         return std::nullopt;
     const std::vector<Argument>& arguments = call->arguments;
-    return ColorPMA(arguments[0].value / 255.f, arguments[1].value / 255.f, arguments[2].value / 255.f,
-                    arguments[3].value);
+    return ColorPMA(channel(arguments[0], 255.), channel(arguments[1], 255.), channel(arguments[2], 255.),
+                    channel(arguments[3], 1.));
 }
 
 } // namespace Gorvel

@@ -1,8 +1,10 @@
 #include "Ondex/Attribute.h"
 
 #include "Gorvel/BinaryData.h"
+#include "Gorvel/Color.h"
 #include "Ondex/Archive.h"
 #include "Ondex/ArchiveElement.h"
+#include "Ondex/AttributeBaseT.h"
 #include "Ondex/Node.h"
 #include "Ondex/StyleValue.h"
 #include "Ondex/TransitionManager.h"
@@ -11,6 +13,33 @@
 #include <cmath>
 
 namespace Ondex {
+
+namespace {
+
+/// @p value times @p scale with the fewest digits, six at least, that give the same value again.
+QByteArray exactText(float value, double scale) {
+    constexpr int mostDigits = 17;
+    QByteArray text;
+    for (int digits = 6; digits <= mostDigits; ++digits) {
+        text = QByteArray::number(double(value) * scale, 'g', digits);
+        if (float(text.toDouble() / scale) == value)
+            break;
+    }
+    return text;
+}
+
+/// The text for an archive: that of asString(), but for colours, whose digits that cuts.
+QString archivedText(const Attribute& attribute, bool& hasText, Attribute::Layer layer) {
+    const auto* colorAttribute = dynamic_cast<const AttributeBaseT<Gorvel::ColorPMA>*>(&attribute);
+    const Gorvel::ColorPMA* color = colorAttribute ? colorAttribute->valueOnLayer(layer) : nullptr;
+    if (!color)
+        return attribute.asString(&hasText, layer);
+    hasText = true;
+    return QString::fromLatin1("rgba_pma(" + exactText(color->red(), 255.) + ", " + exactText(color->green(), 255.) +
+                               ", " + exactText(color->blue(), 255.) + ", " + exactText(color->alpha(), 1.) + ')');
+}
+
+} // namespace
 
 /// Times and running transition of an attribute that is armed, or was when the transition began.
 struct Attribute::Transition {
@@ -34,7 +63,7 @@ void Attribute::serialize(Archive& archive) const {
     if (!layerForSerialization(archive.options(), layer))
         return;
     bool hasText = false;
-    const QString text = asString(&hasText, layer);
+    const QString text = archivedText(*this, hasText, layer);
     if (hasText)
         archive.writeElement(m_name, text);
 }
