@@ -80,6 +80,18 @@ TEST_F(CheckCommand, ControlCharactersStayOnOneLine) {
     EXPECT_EQ(result.out.find('\x1b'), std::string::npos);
 }
 
+TEST_F(CheckCommand, QuotedTextIsNoPlace) {
+    const std::string sheet = write("a.css", "a { x: \"b:3: error: c\n; y: 1 }");
+    const std::string line = sheet + ": error: CSSParser::lex # Bad string 'b:3: error: c'\n";
+    EXPECT_EQ(run({"check", sheet}).out.rfind(line, 0), 0u) << run({"check", sheet}).out;
+}
+
+TEST_F(CheckCommand, FileNameMayLookLikeAPlace) {
+    const std::string sheet = write("a:1: b.css", "a { x: ; }");
+    const std::string line = sheet + ":1: error: syntax error, unexpected ';'\n";
+    EXPECT_EQ(run({"check", sheet}).out, line);
+}
+
 struct ColorCase {
     const char* name;
     const char* option; ///< of --color; empty for none

@@ -2,7 +2,9 @@
 
 #include "brisko/Commands.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonDocument>
 
 #include <sstream>
@@ -24,6 +26,7 @@ std::vector<std::string> RunResult::messages() const {
 }
 
 std::string CommandTest::write(const std::string& name, const std::string& content) {
+    QDir().mkpath(QFileInfo(QString::fromStdString(path(name))).path());
     QFile file(QString::fromStdString(path(name)));
     EXPECT_TRUE(file.open(QIODevice::WriteOnly));
     file.write(content.data(), qint64(content.size()));

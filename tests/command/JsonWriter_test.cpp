@@ -68,6 +68,13 @@ TEST(JsonWriter, TextsAreEscapedAndValid) {
                                                                     "a\xef\xbf\xbd\"");
 }
 
+TEST(JsonWriter, BytesBehindANulAreWritten) {
+    std::ostringstream out;
+    JsonWriter json(out);
+    json.value(QByteArray("a\0b", 3));
+    EXPECT_EQ(out.str(), R"("a\u0000b")");
+}
+
 TEST(JsonWriter, ItemsAreSeparated) {
     std::ostringstream out;
     JsonWriter json(out);

@@ -70,6 +70,14 @@ TEST_F(QueryCommand, SheetsStyleTheSceneFirst) {
     EXPECT_EQ(result.err, "");
 }
 
+TEST_F(QueryCommand, SheetsAfterOneOptionEndBeforeTheSelector) {
+    const std::string first = write("a.css", "scene > button { css-class: early }");
+    const std::string second = write("b.css", "scene > button { css-id: last }");
+    const RunResult result = run({"query", write("scene.xml", scene), "-s", first, second, "#last"});
+    EXPECT_EQ(result.err, "");
+    EXPECT_EQ(result.out, "/scene/button[1]\n");
+}
+
 TEST_F(QueryCommand, SeesChanges) {
     const RunResult result =
         run({"query", write("scene.xml", scene), ".a .b", "--on", "panel", ".a", "--on", ".a > button", ".b"});

@@ -56,6 +56,38 @@ TEST_F(SceneReader, ElementThatNoAttributeConsumesIsANode) {
     EXPECT_EQ(childOf(childOf(outer, 0), 0)["type"].toString(), "b");
 }
 
+TEST_F(SceneReader, FontElementsAreRead) {
+    const QJsonObject root =
+        read("<a><font>italic 700 12px/14px Arial</font><font-stretch>condensed</font-stretch></a>");
+    EXPECT_EQ(root["font"]["text"].toString(), "italic 700 12px/14px Arial");
+    EXPECT_EQ(root["font"]["stretch"].toInt(), 75);
+    EXPECT_TRUE(root["children"].toArray().isEmpty());
+}
+
+TEST_F(SceneReader, FontElementThatCannotBeReadIsNoNodeEither) {
+    const QJsonObject root = read("<a><font>bold 12px Arial</font><font-style>slanted</font-style><b/></a>");
+    EXPECT_FALSE(root.contains("font"));
+    ASSERT_EQ(root["children"].toArray().size(), 1);
+    EXPECT_EQ(childOf(root, 0)["type"].toString(), "b");
+}
+
+TEST_F(SceneReader, ElementsNamedLikePartsOfTheBoxAreNodesUnlessTheyAreRead) {
+    const QJsonObject root = read("<a><border>2px solid red</border><background>red</background><width>20</width>"
+                                  "<border-left-width>7</border-left-width><size/></a>");
+    ASSERT_EQ(root["children"].toArray().size(), 3);
+    EXPECT_EQ(childOf(root, 0)["type"].toString(), "border");
+    EXPECT_EQ(childOf(root, 1)["type"].toString(), "background");
+    EXPECT_EQ(childOf(root, 2)["type"].toString(), "size");
+    EXPECT_EQ(valueOf(root, "width").toDouble(), 20);
+    EXPECT_EQ(root["border"]["sides"][3]["width"].toDouble(), 7);
+}
+
+TEST_F(SceneReader, NodesAnswerToTheirElementOnly) {
+    const QJsonObject root = styledRoot("<a><b/></a>", "Styleable { opacity: 0.25 } CSSBoxModel { opacity: 0.5 }");
+    EXPECT_TRUE(valueOf(root, "opacity").isUndefined());
+    EXPECT_TRUE(valueOf(childOf(root, 0), "opacity").isUndefined());
+}
+
 TEST_F(SceneReader, ChildNodeIsNoAttributeOfItsHost) {
     EXPECT_EQ(read("<a><b/><b/></a>")["children"].toArray().size(), 2);
 }
@@ -91,6 +123,43 @@ TEST_F(SceneReader, ShorthandAttributeIsSplit) {
     const QJsonObject root = read("<a opacity='1' transition='opacity 1s'/>");
     EXPECT_EQ(valueOf(root, "transition-property")[0]["value"].toString(), "opacity");
     EXPECT_EQ(root["transitions"]["opacity"][0].toDouble(), 1);
+}
+
+struct ShorthandCase {
+    const char* name;
+    const char* xml;
+    const char* attribute;
+    const char* text;
+};
+
+class SceneShorthands : public CommandTest, public testing::WithParamInterface<ShorthandCase> {};
+
+TEST_P(SceneShorthands, AreSplitOnTheUserLayer) {
+    const ShorthandCase& test = GetParam();
+    const QJsonObject root = styledRoot(std::string("<a ") + test.xml + "/>", "none { opacity: 1 }");
+    EXPECT_EQ(root["attributes"][test.attribute]["text"].toString().toStdString(), test.text);
+    EXPECT_TRUE(root["attributes"][test.attribute]["layers"].toObject().contains("2"));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, SceneShorthands,
+    testing::Values(ShorthandCase{"BorderWidth", "border='2px solid red'", "border-left-width", "2px"},
+                    ShorthandCase{"BorderColor", "border='2px solid red'", "border-top-color",
+                                  "rgba_pma(255, 0, 0, 1)"},
+                    ShorthandCase{"BorderProperty", "border-width='1px 2px 3px'", "border-left-width", "2px"},
+                    ShorthandCase{"BorderSide", "border-top='thick solid'", "border-top-width", "thick"},
+                    ShorthandCase{"FontWeight", "font='bold 12px Arial'", "font-weight", "bold"},
+                    ShorthandCase{"FontFamily", "font='bold 12px Foo, serif'", "font-family", "Foo, serif"},
+                    ShorthandCase{"FontLonghand", "font-size='x-large'", "font-size", "x-large"},
+                    ShorthandCase{"Background", "background='content-box red'", "background-clip", "content-box"},
+                    ShorthandCase{"Frame", "padding='1px 2px'", "padding-left", "2"},
+                    ShorthandCase{"Component", "margin-top='-3px'", "margin", "-3 0 0 0"},
+                    ShorthandCase{"Size", "size='30px 40px'", "height", "40"}),
+    [](const auto& tested) { return tested.param.name; });
+
+TEST_F(SceneReader, ShorthandThatTakesNothingIsIgnoredWithAWarning) {
+    EXPECT_EQ(messagesOf("<a border='?'/>").back(),
+              "warning: " + path("scene.xml") + ":1: attribute 'border' of 'a' is ignored");
 }
 
 TEST_F(SceneReader, UnknownAttributeIsIgnoredWithAWarning) {

@@ -2,6 +2,8 @@
 
 #include <QJsonDocument>
 
+#include <algorithm>
+
 namespace {
 
 using Testing::childOf;
@@ -24,9 +26,9 @@ TEST_F(StyleCommand, DocumentHasFilesRulesMessagesAndRoot) {
     EXPECT_EQ(result.err, "");
     EXPECT_EQ(texts(result.json()["files"]), (std::vector<std::string>{sheet, sub}));
     EXPECT_EQ(result.json()["rules"].toInt(), 3);
-    EXPECT_EQ(result.messages(),
-              (std::vector<std::string>{"error: Sibling selectors are not supported",
-                                        "error: Styleable::setStyle # Brisko::Styleable # Attribute none not found"}));
+    EXPECT_EQ(result.messages(), (std::vector<std::string>{
+                                     "error: Sibling selectors are not supported",
+                                     "error: Styleable::setStyle # Brisko::CSSBoxModel # Attribute none not found"}));
     EXPECT_EQ(result.json()["root"].toObject()["path"].toString(), "/a");
 }
 
@@ -85,15 +87,53 @@ INSTANTIATE_TEST_SUITE_P(Cases, StyleTypes,
                                                   R"([[{"separator":null,"type":1,"unit":0,"value":1}]])"}),
                          [](const auto& tested) { return tested.param.name; });
 
+/// The names sorted, as QJsonObject has them.
+std::vector<std::string> attributesOfABoxAnd(const std::string& name) {
+    std::vector<std::string> names = {"css-class",
+                                      "css-id",
+                                      "transition",
+                                      "transition-property",
+                                      "transition-duration",
+                                      "transition-delay",
+                                      "location",
+                                      "x",
+                                      "y",
+                                      "size",
+                                      "width",
+                                      "height",
+                                      "padding",
+                                      "margin",
+                                      "background",
+                                      "background-color",
+                                      "background-image",
+                                      "background-clip",
+                                      "background-origin",
+                                      "background-size",
+                                      "background-position",
+                                      "background-repeat",
+                                      "border",
+                                      "border-width",
+                                      "border-style",
+                                      "border-color",
+                                      name};
+    for (const std::string side : {"-top", "-right", "-bottom", "-left"}) {
+        names.insert(names.end(), {"padding" + side, "margin" + side, "border" + side});
+        for (const char* longhand : {"-width", "-style", "-color"})
+            names.push_back("border" + side + longhand);
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
 TEST_F(StyleCommand, AllListsDefaultsToo) {
     const QJsonObject few = styledRoot("<a/>", "a { opacity: 1 }");
     EXPECT_EQ(texts(QJsonArray::fromStringList(few["attributes"].toObject().keys())),
               std::vector<std::string>{"opacity"});
     const QJsonObject all = styledRoot("<a/>", "a { opacity: 1 }", {"--all"});
-    EXPECT_EQ(texts(QJsonArray::fromStringList(all["attributes"].toObject().keys())),
-              (std::vector<std::string>{"css-class", "css-id", "opacity", "transition", "transition-delay",
-                                        "transition-duration", "transition-property"}));
-    EXPECT_TRUE(valueOf(all, "transition").isNull());
+    EXPECT_EQ(texts(QJsonArray::fromStringList(all["attributes"].toObject().keys())), attributesOfABoxAnd("opacity"));
+    for (const char* compound : {"transition", "background", "border", "border-top", "border-width"})
+        EXPECT_TRUE(valueOf(all, compound).isNull()) << compound;
+    EXPECT_EQ(valueOf(all, "margin").toArray(), (QJsonArray{0, 0, 0, 0}));
 }
 
 TEST_F(StyleCommand, TransitionsAreListedAndOver) {
@@ -134,22 +174,39 @@ TEST_F(StyleCommand, HigherOriginWinsWhateverTheOrder) {
 }
 
 TEST_F(StyleCommand, AnyPropertyKeepsValuesAsWritten) {
-    const char css[] = "a { width: 10px; family: 'A b', serif; flow: calc(50% + 1px); ink: #f00 } none { back: 1 }";
-    const QJsonObject root = styledRoot("<a width='3em'><back/></a>", css, {"--any-property"});
+    const char css[] = "a { gap: 10px; family: 'A b', serif; flow: calc(50% + 1px); ink: #f00 } none { back: 1 }";
+    const QJsonObject root = styledRoot("<a gap='3em'><back/></a>", css, {"--any-property"});
     EXPECT_EQ(root["attributes"]["family"]["value"].toArray().size(), 2);
     EXPECT_EQ(root["attributes"]["family"]["value"][1]["separator"].toInt(), 1);
-    EXPECT_EQ(root["attributes"]["width"]["layers"]["1"][0]["unit"].toInt(), 1);
-    EXPECT_EQ(root["attributes"]["width"]["value"][0]["unit"].toInt(), 3);
+    EXPECT_EQ(root["attributes"]["gap"]["layers"]["1"][0]["unit"].toInt(), 1);
+    EXPECT_EQ(root["attributes"]["gap"]["value"][0]["unit"].toInt(), 3);
     EXPECT_EQ(root["attributes"]["flow"]["value"][0]["type"].toInt(), 7);
     EXPECT_EQ(root["attributes"]["ink"]["value"][0]["value"][0].toDouble(), 1);
     EXPECT_EQ(childOf(root, 0)["type"].toString(), "back");
     const RunResult without = run({"style", path("scene.xml"), "-s", path("sheet.css"), "--format", "json"});
     EXPECT_EQ(without.messages(),
-              (std::vector<std::string>{"warning: " + path("scene.xml") + ":1: attribute 'width' of 'a' is ignored",
-                                        "error: Styleable::setStyle # Brisko::Styleable # Attribute width not found",
-                                        "error: Styleable::setStyle # Brisko::Styleable # Attribute family not found",
-                                        "error: Styleable::setStyle # Brisko::Styleable # Attribute flow not found",
-                                        "error: Styleable::setStyle # Brisko::Styleable # Attribute ink not found"}));
+              (std::vector<std::string>{"warning: " + path("scene.xml") + ":1: attribute 'gap' of 'a' is ignored",
+                                        "error: Styleable::setStyle # Brisko::CSSBoxModel # Attribute gap not found",
+                                        "error: Styleable::setStyle # Brisko::CSSBoxModel # Attribute family not found",
+                                        "error: Styleable::setStyle # Brisko::CSSBoxModel # Attribute flow not found",
+                                        "error: Styleable::setStyle # Brisko::CSSBoxModel # Attribute ink not found"}));
+}
+
+TEST_F(StyleCommand, AnyPropertyKeepsTextsThatCouldBeOtherValues) {
+    const QJsonObject root = styledRoot("<a/>", "a { q: 'a'; num: '12px'; word: a }", {"--any-property"});
+    EXPECT_EQ(root["attributes"]["q"]["value"][0]["type"].toInt(), 5);
+    EXPECT_EQ(root["attributes"]["num"]["value"][0]["type"].toInt(), 5);
+    EXPECT_EQ(root["attributes"]["num"]["value"][0]["value"].toString(), "12px");
+    EXPECT_EQ(root["attributes"]["word"]["value"][0]["type"].toInt(), 6);
+}
+
+TEST_F(StyleCommand, AnyPropertyLeavesServedOnesAlone) {
+    const char css[] = "a { width: 10px; padding: 1px 2px; border: 3px solid red; color: red; font: bold 12px Foo }";
+    const QJsonObject plain = styledRoot("<a><font-size>14px</font-size></a>", css);
+    const QJsonObject any = styledRoot("<a><font-size>14px</font-size></a>", css, {"--any-property"});
+    EXPECT_EQ(compact(any), compact(plain));
+    EXPECT_EQ(valueOf(any, "width").toDouble(), 10);
+    EXPECT_EQ(any["font"]["sizePixels"].toDouble(), 14);
 }
 
 TEST_F(StyleCommand, ChangesAreMadeInOrder) {
@@ -179,13 +236,13 @@ TEST_F(StyleCommand, TextShowsPathsValuesAndSources) {
     const std::string scene = write("s.xml", "<a id='i'><b class='c' text='hi'/></a>");
     const RunResult result = run({"style", scene, "-s", sheet});
     EXPECT_EQ(result.exit, 0);
-    EXPECT_EQ(result.out.rfind("/a  a#i\n", 0), 0u) << result.out;
-    EXPECT_NE(result.out.find("\n/a/b[1]  b.c\n"), std::string::npos) << result.out;
+    EXPECT_EQ(result.out.rfind("/a  a#i\n    [ 100 x 100 at 0, 0 ]\n", 0), 0u) << result.out;
+    EXPECT_NE(result.out.find("\n/a/b[1]  b.c\n    [ "), std::string::npos) << result.out;
     EXPECT_NE(result.out.find("    opacity: 0.5"), std::string::npos);
     EXPECT_NE(result.out.find(" " + sheet + ":1\n"), std::string::npos);
     EXPECT_NE(result.out.find("    z-index: 2 !important"), std::string::npos);
     EXPECT_NE(result.out.find("    text: hi (scene)\n"), std::string::npos);
-    EXPECT_EQ(result.err, scene + ": error: Styleable::setStyle # Brisko::Styleable # Attribute bad not found\n");
+    EXPECT_EQ(result.err, scene + ": error: Styleable::setStyle # Brisko::CSSBoxModel # Attribute bad not found\n");
 }
 
 TEST_F(StyleCommand, UnreadableFilesExitWith2) {
@@ -201,8 +258,8 @@ TEST_F(StyleCommand, UnreadableFilesExitWith2) {
 }
 
 TEST_F(StyleCommand, RunsLeaveNothingBehind) {
-    EXPECT_EQ(valueOf(styledRoot("<a/>", "a { width: 1 }", {"--any-property"}), "width").toArray().size(), 1);
-    EXPECT_TRUE(valueOf(styledRoot("<a/>", "a { width: 1 }"), "width").isUndefined());
+    EXPECT_EQ(valueOf(styledRoot("<a/>", "a { gap: 1 }", {"--any-property"}), "gap").toArray().size(), 1);
+    EXPECT_TRUE(valueOf(styledRoot("<a/>", "a { gap: 1 }"), "gap").isUndefined());
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "AttributeValues.h"
 
 #include "Ondex/AttributeT.h"
+#include "Ondex/AttributeTuple.h"
 #include "ValueJson.h"
 
 namespace Command {
@@ -55,6 +56,14 @@ bool writeTyped(JsonWriter& json, const Attribute& attribute, Attribute::Layer l
     return true;
 }
 
+template <typename T>
+bool writeTuple(JsonWriter& json, const Attribute& attribute, Attribute::Layer layer) {
+    const auto* tuple = dynamic_cast<const Ondex::AttributeTupleT<T>*>(&attribute);
+    if (tuple)
+        write(json, tuple->valueOnLayer(layer));
+    return tuple;
+}
+
 using Writer = bool (*)(JsonWriter& json, const Attribute& attribute, Attribute::Layer layer);
 
 constexpr Writer writerTable[] = {
@@ -71,6 +80,9 @@ constexpr Writer writerTable[] = {
     writeTyped<Pemmit::Vector4T<float>>,
     writeTyped<Pemmit::SizeT<float>>,
     writeTyped<Pemmit::Frame4f>,
+    writeTuple<Pemmit::Vector2T<float>>,
+    writeTuple<Pemmit::SizeT<float>>,
+    writeTuple<Pemmit::Frame4f>,
 };
 
 } // namespace

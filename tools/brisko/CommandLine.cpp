@@ -6,6 +6,7 @@
 #include <CLI/CLI.hpp>
 
 #include <map>
+#include <utility>
 
 namespace Command {
 
@@ -91,15 +92,41 @@ void takeSceneThenSheets(Options& options, const QByteArray& argument) {
         takeSheet(options, argument);
 }
 
-void addPositionals(ArgumentReader& reader, CommandBit command) {
+// "SCENE -s a.css b.css SELECTOR": what follows a sheet is a further one, but the last of all is the selector.
+void takeSceneSheetsAndSelector(Options& options, const QByteArray& argument) {
+    if (options.arguments.size() == 2 && !options.sheets.empty())
+        takeSheet(options, std::exchange(options.arguments.back(), argument));
+    else
+        takeArgument(options, argument);
+}
+
+/// @param most  how many arguments there can be
+void addPositionals(ArgumentReader& reader, CommandBit command, int most) {
     switch (command) {
     case QueryCommand:
-        return reader.addPositionals(2, takeArgument);
+        // One by one: in a list, CLI11 would take a selector in brackets for a list of its own.
+        return reader.addPositionals(most, takeSceneSheetsAndSelector);
     case StyleCommand:
+    case RenderCommand:
         return reader.addPositionals(0, takeSceneThenSheets);
     default:
         return reader.addPositionals(0, takeSheet);
     }
+}
+
+/// What is wrong with a command that lays sheets over one scene.
+QByteArray complaintOfScene(const Options& options) {
+    if (options.arguments.size() != 1)
+        return options.arguments.empty() ? "no scene given" : "more than one scene given";
+    return options.sheets.empty() ? "no sheet given; use -s FILE" : "";
+}
+
+QByteArray complaintOfOutput(const Options& options) {
+    const QByteArray name = options.output.toLower();
+    if (name.isEmpty())
+        return "no output given; use -o FILE.png or -o FILE.svg";
+    return name.endsWith(".png") || name.endsWith(".svg") ? ""
+                                                          : "'" + options.output + "' ends neither in .png nor .svg";
 }
 
 int partsOfParse(const Options& options) {
@@ -109,7 +136,6 @@ int partsOfParse(const Options& options) {
 
 /// What is wrong with the number of arguments; empty where nothing is.
 QByteArray complaint(const Options& options, const CommandRow& command) {
-    const std::size_t arguments = options.arguments.size();
     switch (command.bit) {
     case CheckCommand:
         return options.sheets.empty() ? "no sheet given" : "";
@@ -117,11 +143,11 @@ QByteArray complaint(const Options& options, const CommandRow& command) {
         return partsOfParse(options) != 1 ? "give one sheet, or -, or one of --selectors, --simple-selector, --value"
                                           : "";
     case StyleCommand:
-        if (arguments != 1)
-            return arguments == 0 ? "no scene given" : "more than one scene given";
-        return options.sheets.empty() ? "no sheet given; use -s FILE" : "";
+        return complaintOfScene(options);
+    case RenderCommand:
+        return complaintOfScene(options) + (complaintOfScene(options).isEmpty() ? complaintOfOutput(options) : "");
     default:
-        return arguments != 2 ? "give a scene and a selector" : "";
+        return options.arguments.size() != 2 ? "give a scene and a selector" : "";
     }
 }
 
@@ -169,7 +195,7 @@ Options readCommandLine(const std::vector<QByteArray>& arguments) {
     for (const CommandRow& row : commandTable()) {
         CLI::App* subcommand = app.add_subcommand(row.name, row.help);
         const auto reader = readers.emplace(subcommand, ArgumentReader(*subcommand, row.bit)).first;
-        addPositionals(reader->second, row.bit);
+        addPositionals(reader->second, row.bit, int(arguments.size()));
     }
     std::vector<std::string> reversed; // as CLI11 wants them
     for (auto argument = arguments.rbegin(); argument != arguments.rend(); ++argument)

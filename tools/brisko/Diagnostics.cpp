@@ -28,9 +28,21 @@ struct Parts {
     QByteArray text;
 };
 
-/// Length of "FILE:LINE" at the start of @p text where ": " follows it; 0 where there is no such place.
-int placeLength(const QByteArray& text) {
-    for (int end = text.indexOf(": "); end > 0; end = text.indexOf(": ", end + 1)) {
+/// Whether the text begins with "Class::function # ": what follows may quote anything, but never begins with a place.
+bool namesItsSender(const QByteArray& text) {
+    const int mark = text.indexOf(" # ");
+    const int blank = text.indexOf(' ');
+    return mark > 0 && mark == blank && text.left(mark).contains("::");
+}
+
+/// Length of "FILE:LINE" at the start of a message where ": " follows it, and "error: " in an error; 0 where there is
+/// no such place.
+int placeLength(const Message& message) {
+    const QByteArray& text = message.text;
+    if (message.level == Trace::Level::Debug || namesItsSender(text))
+        return 0;
+    const QByteArray behind = message.level == Trace::Level::Error ? ": error: " : ": ";
+    for (int end = text.indexOf(behind); end > 0; end = text.indexOf(behind, end + 1)) {
         int digits = end;
         while (digits > 0 && text[digits - 1] >= '0' && text[digits - 1] <= '9')
             --digits;
@@ -41,7 +53,7 @@ int placeLength(const QByteArray& text) {
 }
 
 Parts split(const Message& message) {
-    const int place = message.level == Trace::Level::Debug ? 0 : placeLength(message.text);
+    const int place = placeLength(message);
     if (place == 0)
         return {message.subject.isEmpty() ? QByteArray("brisko") : message.subject, message.text};
     Parts parts{message.text.left(place), message.text.mid(place + 2)};

@@ -109,7 +109,7 @@ void JsonWriter::value(const QString& text) {
 }
 
 void JsonWriter::value(const QByteArray& text) {
-    value(QString::fromUtf8(text));
+    value(QString::fromUtf8(text.constData(), text.size())); // NUL is a character
 }
 
 void JsonWriter::value(int number) {

@@ -1,6 +1,8 @@
 #include "OptionTable.h"
 
 #include "Failure.h"
+#include "Gorvel/Color.h"
+#include "PaintGeometry.h"
 
 #include <cmath>
 
@@ -50,6 +52,34 @@ void setColor(Options& options, const Arguments& arguments) {
         refuse("--color", arguments[0], "auto, always or never");
 }
 
+bool isLength(double number) {
+    return std::isfinite(number) && number > 0;
+}
+
+void setPictureSize(Options& options, const Arguments& arguments) {
+    const QList<QByteArray> sides = arguments[0].toLower().split('x');
+    bool isWidth = false;
+    bool isHeight = false;
+    const QSizeF size(sides.value(0).toDouble(&isWidth), sides.value(1).toDouble(&isHeight));
+    if (sides.size() != 2 || !isWidth || !isHeight || !isLength(size.width()) || !isLength(size.height()))
+        refuse("--size", arguments[0], "a width and a height above 0, like 640x480");
+    options.pictureSize = size;
+}
+
+void setScale(Options& options, const Arguments& arguments) {
+    bool ok = false;
+    options.scale = arguments[0].toDouble(&ok);
+    if (!ok || !isLength(options.scale))
+        refuse("--scale", arguments[0], "a number above 0");
+}
+
+void setBackground(Options& options, const Arguments& arguments) {
+    Gorvel::Color color;
+    if (!color.set(arguments[0]))
+        refuse("--background", arguments[0], "a colour");
+    options.background = toQColor(color);
+}
+
 } // namespace
 
 const std::vector<CommandRow>& commandTable() {
@@ -58,6 +88,7 @@ const std::vector<CommandRow>& commandTable() {
         {ParseCommand, "parse", "SHEET | -", "print a sheet as parsed; - reads the standard input"},
         {StyleCommand, "style", "SCENE -s SHEET...", "print the styled tree and where its values come from"},
         {QueryCommand, "query", "SCENE [-s SHEET...] SELECTOR", "print the paths of the nodes that a selector matches"},
+        {RenderCommand, "render", "SCENE -s SHEET... -o FILE.png|FILE.svg", "paint the styled scene into a picture"},
     };
     return table;
 }
@@ -82,6 +113,13 @@ const std::vector<OptionRow>& optionTable() {
          }},
         {"--all", "", 0, StyleCommand, "list every attribute, also where only the default holds",
          [](Options& options, const Arguments&) { options.allAttributes = true; }},
+        {"-o,--output", "FILE", 1, RenderCommand, "the picture to write; its ending, .png or .svg, says of which kind",
+         [](Options& options, const Arguments& a) { options.output = a[0]; }},
+        {"--size", "WxH", 1, RenderCommand, "part of the scene to show, in its pixels (default: the box of the root)",
+         setPictureSize},
+        {"--scale", "N", 1, RenderCommand, "pixels of the picture to one of the scene (default 1)", setScale},
+        {"--background", "COLOR", 1, RenderCommand, "what the picture is filled with first (default transparent)",
+         setBackground},
         {"--selectors", "TEXT", 1, ParseCommand, "parse a list of selectors instead of a sheet",
          [](Options& options, const Arguments& a) { options.selectorsText = a[0]; }},
         {"--simple-selector", "TEXT", 1, ParseCommand, "parse the leftmost compound of a selector",

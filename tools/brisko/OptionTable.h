@@ -12,8 +12,9 @@ enum CommandBit : unsigned {
     ParseCommand = 2,
     StyleCommand = 4,
     QueryCommand = 8,
-    SceneCommands = StyleCommand | QueryCommand,
-    AllCommands = CheckCommand | ParseCommand | StyleCommand | QueryCommand
+    RenderCommand = 16,
+    SceneCommands = StyleCommand | QueryCommand | RenderCommand,
+    AllCommands = CheckCommand | ParseCommand | SceneCommands
 };
 
 /// One subcommand.

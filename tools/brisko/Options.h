@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QByteArray>
+#include <QColor>
+#include <QSizeF>
 
 #include <optional>
 #include <vector>
@@ -38,6 +40,10 @@ struct Options {
     bool debug = false;
     bool help = false;
     bool version = false;
+    QByteArray output;                 ///< file to write
+    std::optional<QSizeF> pictureSize; ///< pixels of the scene
+    double scale = 1;                  ///< pixels of a picture to one of the scene
+    QColor background = Qt::transparent;
     std::optional<QByteArray> selectorsText;
     std::optional<QByteArray> simpleSelectorText;
     std::optional<QByteArray> valueText;

@@ -102,7 +102,10 @@ void parseSimpleSelector(const Options& options, Console& console, MessageLog& l
 }
 
 void parseValue(const Options& options, Console& console, MessageLog& log) {
-    const Ondex::StyleValue value = CSSParser::parseValue(*options.valueText);
+    CSSParser parser;
+    parser.setDpi(options.dpi.value_or(0.f));
+    const QByteArray& text = *options.valueText;
+    const Ondex::StyleValue value = text.isEmpty() ? Ondex::StyleValue() : parser.expr(text);
     const auto writeJson = [&](JsonWriter& json) {
         json.key("value");
         writeValue(json, value);

@@ -1,5 +1,6 @@
 #include "Properties.h"
 
+#include "Brisko/AttributeFont.h"
 #include "Gorvel/Color.h"
 #include "Ondex/AttributeT.h"
 #include "Ondex/Node.h"
@@ -41,8 +42,24 @@ Attribute* makeText(Node* node, const QByteArray& name) {
     return new AttributeT<QString>(node, name);
 }
 
+/// Makes the font whichever of its attributes is asked for, and answers that one.
+Attribute* makeFont(Node* node, const QByteArray& name) {
+    if (node->attribute("font"))
+        return nullptr;
+    new Brisko::AttributeFont(node, "font"); // the node owns it
+    return node->attribute(name);
+}
+
+/// Keeps a value as it was written: a text stays a text, also where it could be read as CSS.
+class PlainAttribute : public AttributeT<Ondex::StyleValue> {
+public:
+    using AttributeT::AttributeT;
+    using AttributeT::set;
+    bool set(const QString& text, Layer layer, ValueUnit) override { return setValue(Ondex::StyleValue(text), layer); }
+};
+
 Attribute* makePlain(Node* node, const QByteArray& name) {
-    return new AttributeT<Ondex::StyleValue>(node, name);
+    return new PlainAttribute(node, name);
 }
 
 struct PropertyRow {
@@ -51,8 +68,10 @@ struct PropertyRow {
 };
 
 constexpr PropertyRow propertyTable[] = {
-    {"color", makeColor},    {"opacity", makeOpacity}, {"visibility", makeVisibility},
-    {"z-index", makeZIndex}, {"text", makeText},
+    {"color", makeColor},       {"opacity", makeOpacity},  {"visibility", makeVisibility}, {"z-index", makeZIndex},
+    {"text", makeText},         {"font", makeFont},        {"font-family", makeFont},      {"font-style", makeFont},
+    {"font-variant", makeFont}, {"font-weight", makeFont}, {"font-kerning", makeFont},     {"font-size", makeFont},
+    {"font-stretch", makeFont}, {"line-height", makeFont},
 };
 
 /// A node has each attribute once: the factory declines where it is there.

@@ -9,7 +9,8 @@
 
 namespace Command {
 
-/// The properties that the command offers to nodes through the registry, for as long as it lives.
+/// The properties that the command offers to nodes through the registry, for as long as it lives: text and its colour,
+/// what a node shows of itself, and the font with its longhands, each of which makes the whole font.
 class Properties {
 public:
     Properties();

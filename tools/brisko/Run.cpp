@@ -1,4 +1,3 @@
-#include "Brisko/CSSParser.h"
 #include "CommandLine.h"
 #include "Commands.h"
 #include "Diagnostics.h"
@@ -16,35 +15,25 @@ struct RunRow {
 };
 
 constexpr RunRow runTable[] = {
-    {"check", runCheck},
-    {"parse", runParse},
-    {"style", runStyle},
-    {"query", runQuery},
+    {"check", runCheck}, {"parse", runParse}, {"style", runStyle}, {"query", runQuery}, {"render", runRender},
 };
 
-/// The settings of the libraries that a run changes, put back at its end.
-class LibrarySettings {
+/// Has debug messages come while it lives, where they were asked for.
+class DebugMessages {
 public:
-    explicit LibrarySettings(const Options& options)
-        : m_dpi(Brisko::CSSParser::defaultDpi()), m_debug(Gorvel::Trace::isDebugEnabled()) {
-        if (options.dpi)
-            Brisko::CSSParser::setDefaultDpi(*options.dpi);
-        Gorvel::Trace::setDebugEnabled(options.debug);
+    explicit DebugMessages(bool enabled) : m_before(Gorvel::Trace::isDebugEnabled()) {
+        Gorvel::Trace::setDebugEnabled(enabled);
     }
-    ~LibrarySettings() {
-        Brisko::CSSParser::setDefaultDpi(m_dpi);
-        Gorvel::Trace::setDebugEnabled(m_debug);
-    }
-    LibrarySettings(const LibrarySettings&) = delete;
-    LibrarySettings& operator=(const LibrarySettings&) = delete;
+    ~DebugMessages() { Gorvel::Trace::setDebugEnabled(m_before); }
+    DebugMessages(const DebugMessages&) = delete;
+    DebugMessages& operator=(const DebugMessages&) = delete;
 
 private:
-    float m_dpi;
-    bool m_debug;
+    bool m_before;
 };
 
 ExitCode runCommand(const Options& options, Console& console) {
-    const LibrarySettings settings(options);
+    const DebugMessages debugMessages(options.debug);
     MessageLog log;
     for (const RunRow& row : runTable) {
         if (options.command == row.name)

@@ -1,6 +1,7 @@
 #include "SceneJson.h"
 
 #include "AttributeValues.h"
+#include "BoxJson.h"
 #include "SceneWalk.h"
 
 namespace Command {
@@ -98,6 +99,7 @@ void beginNode(JsonWriter& json, const SceneWalk& walk, Listed listed) {
     for (const Attribute* attribute : listedAttributes(node, listed))
         writeAttribute(json, node, *attribute);
     json.endObject();
+    writeBoxModel(json, node);
     writeTransitions(json, node);
     writeWaiting(json, node);
     json.key("children");

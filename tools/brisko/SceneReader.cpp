@@ -1,5 +1,6 @@
 #include "SceneReader.h"
 
+#include "Brisko/CSSBoxModel.h"
 #include "Failure.h"
 #include "Gorvel/Trace.h"
 #include "Ondex/ArchiveElement.h"
@@ -14,9 +15,13 @@ using Brisko::Styleable;
 
 namespace {
 
-/// Makes the node of an element; the one place that knows its class.
+/// Makes the node of an element; the one place that knows its class. It is not styled before the element has been read.
 std::unique_ptr<Styleable> makeNode(const QByteArray& type) {
-    return std::make_unique<Styleable>(type);
+    auto node = std::make_unique<Brisko::CSSBoxModel>();
+    node->setStylingSuppressed(true);
+    node->setCSSType(type);
+    node->setName(type);
+    return node;
 }
 
 Ondex::ArchiveElement makeElement(const QByteArray& name, const QXmlStreamAttributes& attributes, const QString& text) {
@@ -159,7 +164,6 @@ void SceneReader::openNode(const QByteArray& type, const QXmlStreamAttributes& a
         fail("elements are nested deeper than " + QString::number(MaximumDepth) + " levels");
     std::unique_ptr<Styleable> made = makeNode(type);
     Styleable* node = made.get();
-    node->setStylingSuppressed(true);
     if (m_open.empty())
         m_root = std::move(made);
     else

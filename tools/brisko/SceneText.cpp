@@ -1,6 +1,8 @@
 #include "SceneText.h"
 
+#include "Brisko/CSSBoxModel.h"
 #include "Diagnostics.h"
+#include "Ondex/AttributeTuple.h"
 #include "SceneWalk.h"
 
 #include <ostream>
@@ -50,6 +52,49 @@ bool standsInIdentity(const Styleable& node, const Attribute& attribute) {
            node.attributeSource(attribute.name()).isEmpty();
 }
 
+/// The sides as CSS writes them: no more than are needed.
+QByteArray frameText(const Pemmit::Frame4f& frame) {
+    QList<QByteArray> sides = {shortestNumber(frame.top), shortestNumber(frame.right), shortestNumber(frame.bottom),
+                               shortestNumber(frame.left)};
+    if (frame.left == frame.right)
+        sides.removeLast();
+    if (sides.size() == 3 && frame.bottom == frame.top)
+        sides.removeLast();
+    if (sides.size() == 2 && frame.right == frame.top)
+        sides.removeLast();
+    return sides.join(' ');
+}
+
+/// Place and size of the content, the frames round it that are not zero, and the size of it all.
+void writeBoxes(std::ostream& out, const Styleable& node) {
+    const auto* box = dynamic_cast<const Brisko::CSSBoxModel*>(&node);
+    if (!box)
+        return;
+    const auto sizeText = [](const Brisko::CSSBoxModel::Size& size) {
+        return shortestNumber(size.width()) + " x " + shortestNumber(size.height());
+    };
+    QByteArray line = "    [ " + sizeText(box->size());
+    line += " at " + shortestNumber(box->x()) + ", " + shortestNumber(box->y());
+    bool isFramed = false;
+    const auto addFrame = [&](const char* name, const Pemmit::Frame4f& frame) {
+        if (frame == Pemmit::Frame4f())
+            return;
+        line += name + frameText(frame);
+        isFramed = true;
+    };
+    addFrame("; padding ", box->padding());
+    addFrame("; border ", box->borderFrame());
+    addFrame("; margin ", box->margin());
+    if (isFramed)
+        line += "; in all " + sizeText(box->boxSize());
+    out << line.constData() << " ]\n";
+}
+
+/// The line of boxes shows tuples already, and their components have lines of their own.
+bool standsInBoxes(const Attribute& attribute) {
+    return dynamic_cast<const Ondex::AttributeTuple*>(&attribute) != nullptr;
+}
+
 void writeArmed(std::ostream& out, const Attribute& attribute) {
     out << "    ~ " << printable(attribute.name()).constData() << " runs "
         << shortestNumber(attribute.transitionDuration()).constData() << "s after "
@@ -64,8 +109,9 @@ void writeSceneText(std::ostream& out, Styleable& root, Listed listed, bool colo
         const Styleable& node = walk.node();
         out << paint.path << printable(walk.path()).constData() << paint.plain << "  "
             << printable(node.simpleSelector(true).toUtf8()).constData() << '\n';
+        writeBoxes(out, node);
         for (const Attribute* attribute : listedAttributes(node, listed)) {
-            if (listed == Listed::All || !standsInIdentity(node, *attribute))
+            if (listed == Listed::All || !(standsInIdentity(node, *attribute) || standsInBoxes(*attribute)))
                 writeAttribute(out, node, *attribute, paint);
         }
         for (const Attribute* attribute : listedAttributes(node, Listed::All)) {

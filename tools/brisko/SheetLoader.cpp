@@ -32,6 +32,7 @@ Failure unreadable(const QByteArray& path) {
 SheetLoader::SheetLoader(const Options& options, MessageLog& log)
     : m_log(log), m_sheet(std::make_shared<Brisko::StyleSheet>()) {
     m_parser.setMedia(QString::fromUtf8(options.media));
+    m_parser.setDpi(options.dpi.value_or(0.f));
 }
 
 CSSParser::ParseError SheetLoader::load(const SheetArgument& argument) {

@@ -1,10 +1,27 @@
 #include "StyledScene.h"
 
 #include "Changes.h"
+#include "Hexley/Mipmap.h"
 #include "Ondex/TransitionManager.h"
 #include "SceneReader.h"
 
+#include <QFile>
+#include <QFileInfo>
+
 namespace Command {
+
+namespace {
+
+/// Where relative paths of images lead: the folders of the sheets, in their order, then that of the scene.
+QStringList imageFolders(const QStringList& sheets, const QByteArray& scene) {
+    QStringList folders;
+    for (const QString& file : sheets + QStringList(QFile::decodeName(scene)))
+        folders.append(QFileInfo(file).absolutePath());
+    folders.removeDuplicates();
+    return folders;
+}
+
+} // namespace
 
 StyledScene::StyledScene(const QByteArray& scene, const Options& options, MessageLog& log) : m_sheets(options, log) {
     std::vector<Change> changes;
@@ -13,6 +30,7 @@ StyledScene::StyledScene(const QByteArray& scene, const Options& options, Messag
     m_sheets.loadAll(options.sheets);
     if (options.anyProperty)
         m_properties.addPropertiesOf(*m_sheets.sheet());
+    Hexley::Mipmap::setSearchPaths(imageFolders(m_sheets.files(), scene));
     log.setSubject(scene);
     m_root = SceneReader(scene, m_properties).read();
     if (!options.sheets.empty())
@@ -22,6 +40,8 @@ StyledScene::StyledScene(const QByteArray& scene, const Options& options, Messag
     Ondex::TransitionManager::finishAll();
 }
 
-StyledScene::~StyledScene() = default;
+StyledScene::~StyledScene() {
+    Hexley::Mipmap::setSearchPaths({});
+}
 
 } // namespace Command
