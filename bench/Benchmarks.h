@@ -12,6 +12,8 @@ void registerParsing(const QStringList& sheetFiles);
 void registerStyling(const QStringList& treeFiles);
 /// Restyling after one change of a class or pseudo-class.
 void registerRestyling();
+/// Restyling that switches a border, a font or a background between two values.
+void registerCompound();
 /// Bytes of rules and nodes, and allocations of a first styling.
 void registerMemory();
 

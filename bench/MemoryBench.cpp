@@ -5,6 +5,9 @@
 #include "SheetGenerator.h"
 #include "Sheets.h"
 
+#include "Brisko/AttributeFont.h"
+#include "Brisko/CSSBoxModel.h"
+
 namespace Bench {
 
 namespace {
@@ -22,13 +25,29 @@ void rules(benchmark::State& state) {
     }
 }
 
-void plainNodes(benchmark::State& state) {
+std::unique_ptr<Brisko::Styleable> plainNode() {
+    return std::make_unique<Brisko::Styleable>("div");
+}
+
+std::unique_ptr<Brisko::Styleable> boxNode() {
+    return std::make_unique<Brisko::CSSBoxModel>();
+}
+
+std::unique_ptr<Brisko::Styleable> boxNodeWithFont() {
+    auto node = std::make_unique<Brisko::CSSBoxModel>();
+    new Brisko::AttributeFont(node.get(), "font"); // the node owns it
+    return node;
+}
+
+void freshNodes(benchmark::State& state, std::unique_ptr<Brisko::Styleable> (*make)()) {
+    make(); // what is made once for all nodes is made here
     for ([[maybe_unused]] auto _ : state) {
         std::vector<std::unique_ptr<Brisko::Styleable>> nodes(sceneNodes);
         const HeapUse use;
         for (auto& node : nodes)
-            node = std::make_unique<Brisko::Styleable>("div");
+            node = make();
         state.counters["bytes/node"] = double(use.bytes()) / sceneNodes;
+        state.counters["allocations/node"] = double(use.allocations()) / sceneNodes;
     }
 }
 
@@ -52,7 +71,9 @@ void styledNodes(benchmark::State& state) {
 
 void registerMemory() {
     benchmark::RegisterBenchmark("memory/rules of a sheet", rules)->Iterations(1);
-    benchmark::RegisterBenchmark("memory/nodes without properties", plainNodes)->Iterations(1);
+    benchmark::RegisterBenchmark("memory/nodes without properties", freshNodes, plainNode)->Iterations(1);
+    benchmark::RegisterBenchmark("memory/nodes with boxes", freshNodes, boxNode)->Iterations(1);
+    benchmark::RegisterBenchmark("memory/nodes with boxes and a font", freshNodes, boxNodeWithFont)->Iterations(1);
     benchmark::RegisterBenchmark("memory/nodes with classes and 6 properties", styledNodes)->Iterations(1);
 }
 

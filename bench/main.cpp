@@ -1,4 +1,4 @@
-// The benchmarks of parsing, styling, restyling and memory.
+// The benchmarks of parsing, styling, restyling, compound attributes and memory.
 //
 //     brisko_bench [--benchmark_filter=REGEX] [--benchmark_OPTION=VALUE...] [SHEET.css | tree-SHEET-NODES.txt]...
 //
@@ -56,6 +56,7 @@ int main(int argc, char** argv) {
     Bench::registerParsing(sheets);
     Bench::registerStyling(trees);
     Bench::registerRestyling();
+    Bench::registerCompound();
     Bench::registerMemory();
     Bench::TableReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);

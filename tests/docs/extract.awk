@@ -3,7 +3,8 @@
 #   ```cpp with a main()      N.program.cpp, a complete program
 #   ```text right after it    N.output of that program, what it prints
 #   ```console                N.console, lines "$ command" each followed by what the command prints
-#   ```LANGUAGE FILE          FILE, which the programs and commands find in their working directory
+#   ```LANGUAGE FILE          FILE, which the programs and commands find in their working directory; a FILE with a
+#                             slash is a file of the project that the document shows, see check-shown-files
 function finish() {
     if (language == "cpp" && text ~ /int main\(/) {
         program = block
@@ -15,7 +16,7 @@ function finish() {
             write(block ".console")
         program = 0
     }
-    if (file != "")
+    if (file != "" && file !~ /\//)
         write(file)
 }
 
