@@ -50,9 +50,9 @@ protected:
     }
 
     /// Reads into a fresh node what an archive of @p node holds.
-    std::unique_ptr<CSSBoxModel> copyOf(const Styleable& node) {
+    std::unique_ptr<CSSBoxModel> copyOf(const Styleable& original) {
         auto copy = std::make_unique<CSSBoxModel>();
-        EXPECT_TRUE(copy->deserialize(Archive::read(Archive::write(node))));
+        EXPECT_TRUE(copy->deserialize(Archive::read(Archive::write(original))));
         return copy;
     }
 
