@@ -49,7 +49,7 @@ protected:
                                  [name](const Attribute* attribute) { return attribute->name() == name; }));
     }
 
-    /// Reads into a fresh node what an archive of @p node holds.
+    /// Reads into a fresh node what an archive of @p original holds.
     std::unique_ptr<CSSBoxModel> copyOf(const Styleable& original) {
         auto copy = std::make_unique<CSSBoxModel>();
         EXPECT_TRUE(copy->deserialize(Archive::read(Archive::write(original))));
