@@ -29,5 +29,10 @@ TEST(TextLayout, OneIsTheInverseOfTheOther) {
     }
 }
 
+TEST(TextLayout, ThirdsOfAPointComeBackToTheBit) {
+    for (const float pixels : {9.6f, 128.f / 9.f, 19.2f})
+        EXPECT_EQ(TextLayout::pointToPixelSize(TextLayout::pixelToPointSize(pixels)), pixels);
+}
+
 } // namespace
 } // namespace Testing

@@ -9,11 +9,11 @@ constexpr float pointsPerInch = 72.f;
 } // namespace
 
 float TextLayout::pointToPixelSize(float points) {
-    return points * (dotsPerInch / pointsPerInch);
+    return points * dotsPerInch / pointsPerInch;
 }
 
 float TextLayout::pixelToPointSize(float pixels) {
-    return pixels * (pointsPerInch / dotsPerInch);
+    return pixels * pointsPerInch / dotsPerInch;
 }
 
 } // namespace Hexley
