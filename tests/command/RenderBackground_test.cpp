@@ -54,6 +54,10 @@ INSTANTIATE_TEST_SUITE_P(
         background("RepeatReachesIntoTheBorder",
                    "s { border: 5px solid transparent; background: url(tiles.png), transparent }",
                    {{0, 0, none}, {5, 0, blue}, {0, 5, green}, {5, 5, red}}),
+        background(
+            "AnEmptyOriginBoxStillPlacesTiles",
+            "s { width: 0; height: 0; padding: 10; background: url(tiles.png) content-box border-box, transparent }",
+            {{10, 10, red}, {15, 10, green}, {0, 0, red}, {19, 19, none}}),
         background("ManySmallTiles", "s { width: 200px; background: url(tiles.png) 0 0 / 2px 2px, transparent }",
                    {{0, 0, red}, {1, 0, green}, {0, 1, blue}, {1, 1, none}, {198, 98, red}, {199, 98, green}})),
     Testing::renderCaseName);

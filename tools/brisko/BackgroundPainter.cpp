@@ -26,10 +26,12 @@ void paintLayer(Canvas& canvas, const CSSBoxModel& node, const QPointF& origin, 
     if (!layer.image)
         return;
     const QImage& image = layer.image->image();
-    const QRectF positioned = placed(boxOf(node, layer.origin), origin);
+    const QRectF positioned = placedArea(boxOf(node, layer.origin), origin);
+    if (positioned.width() < 0)
+        return;
     const QRectF clip = placed(boxOf(node, layer.clip), origin);
     const TileGrid grid = layOutTiles(layer, image.size(), positioned);
-    if (!positioned.isEmpty() && !clip.isEmpty() && grid.isValid())
+    if (!clip.isEmpty() && grid.isValid())
         canvas.drawTiles(image, grid, clip);
 }
 

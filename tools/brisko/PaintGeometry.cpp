@@ -14,11 +14,16 @@ double limited(float channel) {
 } // namespace
 
 QRectF placed(const Pemmit::Rectf& rect, const QPointF& origin) {
-    const QRectF result(double(rect.x0) + origin.x(), double(rect.y0) + origin.y(), double(rect.x1) - double(rect.x0),
-                        double(rect.y1) - double(rect.y0));
-    const bool isFinite = std::isfinite(result.x()) && std::isfinite(result.y()) && std::isfinite(result.width()) &&
-                          std::isfinite(result.height());
-    return isFinite && !result.isEmpty() ? result : QRectF();
+    const QRectF area = placedArea(rect, origin);
+    return area.isEmpty() ? QRectF() : area;
+}
+
+QRectF placedArea(const Pemmit::Rectf& rect, const QPointF& origin) {
+    const QRectF area(double(rect.x0) + origin.x(), double(rect.y0) + origin.y(), double(rect.x1) - double(rect.x0),
+                      double(rect.y1) - double(rect.y0));
+    const bool isFinite = std::isfinite(area.x()) && std::isfinite(area.y()) && std::isfinite(area.width()) &&
+                          std::isfinite(area.height());
+    return isFinite && area.width() >= 0 && area.height() >= 0 ? area : QRectF(0, 0, -1, -1);
 }
 
 QColor toQColor(const Gorvel::Color& color) {

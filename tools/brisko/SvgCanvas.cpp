@@ -55,9 +55,9 @@ QString familyText(const QFont& font) {
     return families.join(QLatin1String(", "));
 }
 
-/// The weight on the scale of CSS, from that of QFont: 400 is 50, and 100 more are 8 1/3 more.
+/// The weight on the scale of CSS, from that of QFont: 400 is 50, and 12 more are one more.
 int cssWeight(const QFont& font) {
-    return qBound(100, 400 + qRound((font.weight() - 50) * 12 / 100.0) * 100, 900);
+    return qBound(100, 400 + (font.weight() - QFont::Normal) * 12, 900);
 }
 
 } // namespace
