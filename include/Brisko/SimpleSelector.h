@@ -48,6 +48,7 @@ public:
     }
     /// Names in the order they were added.
     std::vector<QByteArray> pseudoClasses() const { return m_pseudoClasses; }
+    int pseudoClassCount() const { return int(m_pseudoClasses.size()); }
     /// The text as of the last updateString(): type, classes, pseudo-classes, id; empty before that.
     const QByteArray& toString() const { return m_text; }
 

@@ -2,10 +2,14 @@
 
 #include "Brisko/StyleSheet.h"
 
+#include <QExplicitlySharedDataPointer>
+
 #include <memory>
 #include <vector>
 
 namespace Brisko {
+
+class WaitingRules;
 
 /// What a node is given to style itself: the sheet in force, and the rules that began to match above it and wait for
 /// one of their compounds to match here or below.
@@ -13,7 +17,8 @@ namespace Brisko {
 ///     Style style(sheet);
 ///     root.setStyle(style);
 ///
-/// The waiting entries point into the rules of the sheet, which the style keeps alive and which must not change.
+/// The waiting entries point into the rules of the sheet, which the style keeps alive and which must not change. Copies
+/// share them until one is changed.
 class BRISKO_EXPORT Style {
 public:
     /// A rule that began to match. Entries are the same when declarations and selector are the same objects.
@@ -41,7 +46,8 @@ public:
     /// Removes the entries; the sheet stays.
     void clear();
 
-    const std::vector<MatchState>& state() const { return m_state; }
+    /// The entries in order; valid until the style changes. The list is put together when it is first asked for.
+    const std::vector<MatchState>& state() const;
     std::shared_ptr<StyleSheet> styleSheet() const { return m_sheet; }
 
     /// Whether there is a sheet.
@@ -49,19 +55,21 @@ public:
     bool operator!() const { return !m_sheet; }
 
     /// Whether both hold the same entries in the same order and the same sheet object.
-    bool operator==(const Style& other) const { return m_sheet == other.m_sheet && m_state == other.m_state; }
+    bool operator==(const Style& other) const;
     bool operator!=(const Style& other) const { return !(*this == other); }
 
     /// The setting of the sheet; false without one.
     bool updateIsolatedSubtrees() const { return m_sheet && m_sheet->updateIsolatedSubtrees(); }
 
 private:
-    class Places;
-    MatchState* find(const std::vector<Declaration>* declarations, const SimpleSelector* selector);
+    friend class ChildStyle;
+    friend class StylePass;
+    using Waiting = QExplicitlySharedDataPointer<WaitingRules>;
+    Style(std::shared_ptr<StyleSheet> sheet, Waiting waiting);
+    void swap(Style& other) noexcept;
 
-    std::vector<MatchState> m_state;
+    Waiting m_waiting; // null where nothing waits
     std::shared_ptr<StyleSheet> m_sheet;
-    std::unique_ptr<Places> m_places; // finds an entry while a long list is built; not part of the value
 };
 
 } // namespace Brisko

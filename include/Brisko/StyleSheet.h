@@ -4,6 +4,7 @@
 
 #include <QString>
 
+#include <atomic>
 #include <memory>
 #include <vector>
 
@@ -50,12 +51,13 @@ public:
 private:
     friend class StylePass;
     const RuleIndex& ruleIndex() const;
+    void dropIndex();
 
     int m_nextId = 0;
     std::vector<Rule> m_rules;
     std::vector<QString> m_sources; // by number
     bool m_updateIsolatedSubtrees = false;
-    mutable std::shared_ptr<const RuleIndex> m_index; // built when the first node asks
+    mutable std::atomic<const RuleIndex*> m_index{nullptr}; // built when the first node asks
 };
 
 } // namespace Brisko

@@ -2,7 +2,6 @@
 
 #include "Brisko/AttributeTransitionAnim.h"
 #include "Brisko/Style.h"
-#include "Gorvel/ArrayMap.h"
 #include "Gorvel/ArraySet.h"
 #include "Ondex/AttributeT.h"
 #include "Ondex/Node.h"
@@ -13,6 +12,8 @@
 
 namespace Brisko {
 
+class AppliedProperties;
+class KeySet;
 class StylePass;
 
 /// A node that style sheets apply to. It has a CSS type, an id, classes and pseudo-classes; its attributes are the
@@ -97,26 +98,21 @@ protected:
 private:
     friend class StylePass;
 
-    /// How far the selectors go that tested a pseudo-class on this node.
-    enum PseudoClassUse { Unused = 0, EndsHere = 1, GoesOnBelow = 2 };
     /// Whether a style pass is the one that an earlier pass of this node asked for.
     enum class PassKind { First, Repeated };
     /// What follows from a style pass.
     enum class PassEnd { Done, AskedAgain, NodeDeleted };
     class Watch;
-    struct Applied {
-        bool important;
-        int generation;
-    };
+    class PseudoClasses;
 
-    bool match(const SimpleSelector& selector, int& specificity, Style* childStyle,
-               const std::vector<Declaration>* declarations);
+    bool isMatch(const SimpleSelector& selector);
+    KeySet matchKeys() const;
     bool hasIdentity(const SimpleSelector& selector) const;
     bool hasPseudoClasses(const SimpleSelector& selector) const;
     void recordPseudoClasses(const SimpleSelector& selector);
 
     void classesChanged();
-    void clearProperty(const QByteArray& name, bool important);
+    void clearProperty(int index);
 
     bool isPassRunning() const { return m_pass; }
     void askAgain(const Style& style);
@@ -124,25 +120,22 @@ private:
     bool applyStyle(const Style& style, PassKind kind);
     void applyStyleAlone();
     PassEnd runPass(Style* childStyle, PassKind kind);
+    PseudoClasses& pseudoClassesForWriting();
 
     void addChild(Styleable* child);
     void removeChild(Styleable* child);
     void styleChildren();
 
-    QByteArray m_cssType;
+    QByteArray m_cssType; // interned
     Ondex::AttributeT<QString> m_cssClass;
     Ondex::AttributeT<QString> m_cssId;
     AttributeTransitionAnim m_transition;
     Style m_style;
     Style m_childStyle;
-    Gorvel::ArrayMap<QByteArray, int> m_pseudoClassUse;
-    Gorvel::ArrayMap<QByteArray, bool> m_pseudoClassState;
-    Gorvel::ArraySet<QByteArray> m_classes;
-
-    Gorvel::ArrayMap<QByteArray, Applied> m_applied;
-    int m_generation = 0;
-    Gorvel::ArrayMap<QByteArray, int> m_sources; // number of the declaration that won, by property
-    std::vector<Styleable*> m_children;          // null where one was removed; closed up when half of them are
+    std::unique_ptr<PseudoClasses> m_pseudoClasses; // null where none was switched or tested
+    Gorvel::ArraySet<QByteArray> m_classes;         // interned
+    std::unique_ptr<AppliedProperties> m_applied;   // null where no pass has written anything
+    std::vector<Styleable*> m_children;             // null where one was removed; closed up when half of them are
     int m_childCount = 0;
     int m_place = -1;                    // in the children of the host
     int m_visits = 0;                    // walks over the children that run now

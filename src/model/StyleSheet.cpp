@@ -5,7 +5,9 @@
 namespace Brisko {
 
 StyleSheet::StyleSheet() = default;
-StyleSheet::~StyleSheet() = default;
+StyleSheet::~StyleSheet() {
+    dropIndex();
+}
 
 StyleSheet::StyleSheet(const StyleSheet& other)
     : m_nextId(other.m_nextId), m_rules(other.m_rules), m_sources(other.m_sources),
@@ -18,7 +20,7 @@ StyleSheet& StyleSheet::operator=(const StyleSheet& other) {
     m_rules = other.m_rules;
     m_sources = other.m_sources;
     m_updateIsolatedSubtrees = other.m_updateIsolatedSubtrees;
-    m_index.reset();
+    dropIndex();
     return *this;
 }
 
@@ -30,7 +32,7 @@ void StyleSheet::declare(const Rule& rule) {
     if (rule.selector().size() == 0 || rule.declarations().empty())
         return;
     m_rules.push_back(rule);
-    m_index.reset();
+    dropIndex();
 }
 
 void StyleSheet::setId(Declaration& declaration, const QString& source) {
@@ -48,13 +50,18 @@ bool StyleSheet::operator==(const StyleSheet& other) const {
 }
 
 const RuleIndex& StyleSheet::ruleIndex() const {
-    // Two threads may style from one sheet at once: whoever comes second throws its index away.
-    if (std::shared_ptr<const RuleIndex> index = std::atomic_load(&m_index))
+    if (const RuleIndex* index = m_index.load(std::memory_order_acquire))
         return *index;
-    std::shared_ptr<const RuleIndex> none;
-    std::atomic_compare_exchange_strong(&m_index, &none,
-                                        std::shared_ptr<const RuleIndex>(std::make_shared<RuleIndex>(m_rules)));
-    return *std::atomic_load(&m_index);
+    // Two threads may style from one sheet at once: whoever comes second throws its index away.
+    auto made = std::make_unique<const RuleIndex>(m_rules);
+    const RuleIndex* index = nullptr;
+    if (m_index.compare_exchange_strong(index, made.get()))
+        index = made.release();
+    return *index;
+}
+
+void StyleSheet::dropIndex() {
+    delete m_index.exchange(nullptr);
 }
 
 } // namespace Brisko

@@ -34,29 +34,33 @@ struct Claim {
 class AppliedValues {
 public:
     struct Value {
-        Ondex::Attribute* attribute; ///< null once it has left the node
-        Ondex::StyleValue value;
+        Ondex::Attribute* attribute;    ///< null once it has left the node
+        const Ondex::StyleValue* value; ///< null before the first offer
         Claim claim;
         bool isShorthand; ///< the attribute split it and is not written itself
     };
 
-    /// Enters a value unless the attribute holds one with a better claim.
-    /// @return its place, -1 where it lost
-    int offer(Ondex::Attribute* attribute, const Ondex::StyleValue& value, const Claim& claim) {
+    /// The place of an attribute, which is added where it has none yet.
+    int placeOf(Ondex::Attribute* attribute) {
         const int place = find(attribute);
-        if (place < 0) {
-            m_values.push_back({attribute, value, claim, false});
-            if (m_indexed > 0 || m_values.size() > longList)
-                indexRest();
-            return int(m_values.size()) - 1;
-        }
+        if (place >= 0)
+            return place;
+        m_values.push_back({attribute, nullptr, {}, false});
+        if (m_indexed > 0 || m_values.size() > longList)
+            indexRest();
+        return int(m_values.size()) - 1;
+    }
+
+    /// Enters a value unless there is one with a better claim. @p value has to stay until clear().
+    /// @return false where it lost
+    bool offer(int place, const Ondex::StyleValue& value, const Claim& claim) {
         Value& held = m_values[std::size_t(place)];
-        if (!claim.beats(held.claim))
-            return -1;
-        held.value = value;
+        if (held.value && !claim.beats(held.claim))
+            return false;
+        held.value = &value;
         held.claim = claim;
         held.isShorthand = false;
-        return place;
+        return true;
     }
 
     /// Drops what was won by an attribute that is deleted; the places of the others stay.
@@ -72,7 +76,8 @@ public:
     int size() const { return int(m_values.size()); }
     void clear() {
         m_values.clear();
-        m_places.clear();
+        if (m_indexed > 0)
+            m_places.clear();
         m_indexed = 0;
     }
 

@@ -1,10 +1,16 @@
 #include "styling/StylePass.h"
 
 #include "Brisko/LazyAttributeManager.h"
+#include "Gorvel/Name.h"
 #include "Gorvel/StringUtils.h"
 #include "Gorvel/Trace.h"
-#include "model/RuleIndex.h"
+#include "model/Specificity.h"
+#include "styling/AppliedProperties.h"
+#include "styling/ChildStyle.h"
+#include "styling/WaitingRules.h"
 
+#include <algorithm>
+#include <deque>
 #include <typeinfo>
 
 namespace Brisko {
@@ -13,6 +19,8 @@ using Ondex::Attribute;
 using Ondex::StyleValue;
 
 namespace {
+
+using ShorthandParts = Gorvel::ArrayMap<Attribute*, StyleValue>;
 
 /// A declaration whose attribute did not exist when it was met.
 struct Deferred {
@@ -25,16 +33,34 @@ struct Deferred {
 
 /// The lists of a pass. They are kept from pass to pass, one set for every pass that runs inside another.
 struct StylePass::Scratch {
-    std::vector<int> rules;
+    RuleIndex::Found begun;
+    std::vector<const WaitingCompound*> waiting;
+    std::vector<ChildStyle::GoneOn> goneOn;
+    FoundProperties found;
     AppliedValues applied;
+    ShorthandParts parts;          // of the shorthand that is offered now
+    std::deque<StyleValue> values; // of parts of shorthands that were offered
     std::vector<Deferred> deferred;
-    std::vector<int> won; // places in applied that the last offer took
+    std::vector<int> won;   // places in applied that the last offer took
+    std::vector<int> stale; // places in the applied properties of the node
 
     void clear() {
-        rules.clear();
+        begun.starts.clear();
+        begun.groups.clear();
+        waiting.clear();
+        goneOn.clear();
+        found.clear();
         applied.clear();
+        values.clear();
         deferred.clear();
         won.clear();
+        stale.clear();
+    }
+
+    ShorthandParts& emptyParts() {
+        if (!parts.isEmpty())
+            parts.clear();
+        return parts;
     }
 
     static Scratch& lease() {
@@ -54,9 +80,9 @@ struct StylePass::Scratch {
 thread_local std::vector<std::unique_ptr<StylePass::Scratch>> StylePass::Scratch::pool;
 thread_local std::size_t StylePass::Scratch::depth = 0;
 
-StylePass::StylePass(Styleable& node, Style* childStyle)
-    : m_node(node), m_watch(node), m_sheet(node.m_style.styleSheet()), m_childStyle(childStyle),
-      m_scratch(Scratch::lease()), m_newGeneration(node.m_generation + 1) {
+StylePass::StylePass(Styleable& node)
+    : m_node(node), m_watch(node), m_sheet(node.m_style.m_sheet), m_scratch(Scratch::lease()),
+      m_newGeneration(node.m_applied ? node.m_applied->nextGeneration() : 1) {
     node.m_pass = this;
 }
 
@@ -74,71 +100,126 @@ bool StylePass::run() {
         if (!isNodeAlive())
             return false;
     }
-    m_node.m_generation = m_newGeneration;
+    if (m_node.m_applied)
+        m_node.m_applied->setGeneration(m_newGeneration);
     return true;
+}
+
+Style StylePass::childStyle() const {
+    const ChildStyle childStyle(m_scratch.begun.groups, m_scratch.goneOn);
+    return childStyle.from(m_node.m_style, m_node.m_childStyle, !m_sheet || m_sheet->ruleIndex().isRegular());
 }
 
 void StylePass::forget(Attribute* attribute) {
     m_scratch.applied.forget(attribute);
+    m_scratch.found.clear();
 }
 
 void StylePass::matchRules() {
     if (!m_sheet)
         return;
-    m_sheet->ruleIndex().collect(m_node.cssType(), m_node.m_cssId.value(), m_node.cssClasses(), m_scratch.rules);
-    for (std::size_t i = 0; isNodeAlive() && i < m_scratch.rules.size(); ++i) {
-        const Rule& rule = m_sheet->rules()[std::size_t(m_scratch.rules[i])];
-        tryCompound(*rule.selector().front(), 0, rule.declarations());
-    }
+    m_scratch.found.reserve(m_sheet->ruleIndex().offers().propertyCount());
+    RuleIndex::Found& begun = m_scratch.begun;
+    m_sheet->ruleIndex().collect(m_node.cssType(), m_node.m_cssId.value(), m_node.cssClasses(), begun);
+    for (std::size_t i = 0; isNodeAlive() && i < begun.starts.size(); ++i)
+        tryStart(*begun.starts[i]);
+}
+
+void StylePass::tryStart(const RuleIndex::Start& start) {
+    if (start.waits)
+        m_scratch.begun.groups.push_back(start.waits);
+    if (!start.isDecidedByKey && !m_node.isMatch(*start.compound))
+        return;
+    if (start.next)
+        m_scratch.begun.groups.push_back(start.next);
+    else
+        apply(*start.compound, start.offers, start.specificity);
 }
 
 void StylePass::matchWaiting() {
-    for (std::size_t i = 0; isNodeAlive() && i < m_node.m_style.state().size(); ++i) {
-        const Style::MatchState& state = m_node.m_style.state()[i];
-        tryCompound(*state.selector, state.specificity, *state.declarations);
+    const WaitingRules* waiting = m_node.m_style.m_waiting.data();
+    if (!waiting)
+        return;
+    waiting->collect(m_node.matchKeys(), m_scratch.waiting);
+    for (std::size_t i = 0; isNodeAlive() && i < m_scratch.waiting.size(); ++i)
+        tryWaiting(*m_scratch.waiting[i]);
+}
+
+void StylePass::tryWaiting(const WaitingCompound& waiting) {
+    const SimpleSelector& compound = *waiting.selector;
+    if (!m_node.isMatch(compound))
+        return;
+    const int specificity = Specificity::plus(waiting.specificity, compound);
+    if (compound.next())
+        m_scratch.goneOn.push_back({&waiting, {waiting.declarations, compound.next(), specificity}});
+    else
+        applyHandedDown(compound, *waiting.declarations, specificity);
+}
+
+void StylePass::apply(const SimpleSelector& compound, const OfferRange& offers, int specificity) {
+    for (const Offer& offered : offers) {
+        int place = m_scratch.found.placeOf(offered.property);
+        if (place < 0) {
+            const QByteArray& property = offered.declaration->property();
+            place = placeOf(m_node.attribute(property));
+            m_scratch.found.enter(offered.property, place);
+            if (place < 0)
+                place = placeOf(LazyAttributeManager::create(&m_node, property));
+            if (!isNodeAlive())
+                return;
+        }
+        applyAt(place, compound, *offered.declaration, {specificity, offered.id, bool(offered.isImportant)});
     }
 }
 
-void StylePass::tryCompound(const SimpleSelector& compound, int specificity,
-                            const std::vector<Declaration>& declarations) {
-    if (m_node.match(compound, specificity, m_childStyle, &declarations) && !compound.next())
-        applyDeclarations(compound, declarations, specificity);
-}
-
-void StylePass::applyDeclarations(const SimpleSelector& compound, const std::vector<Declaration>& declarations,
-                                  int specificity) {
+/// Applies what a state that was handed down stands for: a rule of the sheet, or declarations from elsewhere.
+void StylePass::applyHandedDown(const SimpleSelector& compound, const std::vector<Declaration>& declarations,
+                                int specificity) {
+    const OfferRange offers = m_sheet ? m_sheet->ruleIndex().offers().of(declarations) : OfferRange();
+    if (offers.first) {
+        apply(compound, offers, specificity);
+        return;
+    }
     for (const Declaration& declaration : declarations) {
-        Attribute* attribute = m_node.attribute(declaration.property());
-        if (!attribute)
-            attribute = LazyAttributeManager::create(&m_node, declaration.property());
+        int place = placeOf(m_node.attribute(declaration.property()));
+        if (place < 0)
+            place = placeOf(LazyAttributeManager::create(&m_node, declaration.property()));
         if (!isNodeAlive())
             return;
-        if (attribute)
-            offer(attribute, declaration.value(), {specificity, declaration.id(), declaration.important()});
-        else
-            m_scratch.deferred.push_back({&compound, &declaration, specificity});
+        applyAt(place, compound, declaration, {specificity, declaration.id(), declaration.important()});
     }
+}
+
+void StylePass::applyAt(int place, const SimpleSelector& compound, const Declaration& declaration, const Claim& claim) {
+    if (place >= 0)
+        offer(place, declaration.value(), claim);
+    else
+        m_scratch.deferred.push_back({&compound, &declaration, claim.specificity});
+}
+
+/// The place of an attribute among the applied values, -1 where there is none.
+int StylePass::placeOf(Attribute* attribute) {
+    return attribute && isNodeAlive() ? m_scratch.applied.placeOf(attribute) : -1;
 }
 
 /// Offers a value to an attribute and, where that is a shorthand, its parts to the longhands.
-bool StylePass::offer(Attribute* attribute, const StyleValue& value, const Claim& claim) {
-    const int place = m_scratch.applied.offer(attribute, value, claim);
-    if (place < 0)
+bool StylePass::offer(int place, const StyleValue& value, const Claim& claim) {
+    if (!m_scratch.applied.offer(place, value, claim))
         return false;
     m_scratch.won.push_back(place);
-    Gorvel::ArrayMap<Attribute*, StyleValue> parts;
-    if (!attribute->handleShorthand(value, parts))
-        return true;
-    m_scratch.applied[place].isShorthand = true;
-    for (const auto& [longhand, part] : parts)
-        offer(longhand, part, claim);
+    ShorthandParts& parts = m_scratch.emptyParts();
+    if (m_scratch.applied[place].attribute->handleShorthand(value, parts)) {
+        m_scratch.applied[place].isShorthand = true;
+        for (const auto& [longhand, part] : std::exchange(parts, {}))
+            offer(m_scratch.applied.placeOf(longhand), m_scratch.values.emplace_back(part), claim);
+    }
     return true;
 }
 
 /// Writes every winner. The first values of a node take their places at once; later on, transitions are armed before
 /// the values that they move.
 void StylePass::writeWinners() {
-    const bool transitionsFirst = !m_node.m_applied.isEmpty();
+    const bool isFirst = !m_node.m_applied;
     const auto writeWhere = [this](bool ofTransition) {
         for (int place = 0; isNodeAlive() && place < m_scratch.applied.size(); ++place) {
             const Attribute* attribute = m_scratch.applied[place].attribute;
@@ -146,28 +227,37 @@ void StylePass::writeWinners() {
                 write(place);
         }
     };
-    writeWhere(transitionsFirst);
-    writeWhere(!transitionsFirst);
+    writeWhere(!isFirst);
+    writeWhere(isFirst);
 }
 
 void StylePass::write(int place) {
-    const AppliedValues::Value& winner = m_scratch.applied[place];
+    const AppliedValues::Value winner = m_scratch.applied[place];
     if (winner.isShorthand || !winner.attribute)
         return;
     const bool important = winner.claim.important;
-    const QByteArray name = winner.attribute->name();
-    if (!m_node.setAttributeValue(*winner.attribute, winner.value,
+    const AppliedProperties* before = m_node.m_applied.get();
+    int index = before ? before->indexOf(Gorvel::interned(winner.attribute->name())) : -1;
+    const QByteArray newName = index < 0 ? Gorvel::interned(winner.attribute->name()) : QByteArray();
+    if (!m_node.setAttributeValue(*winner.attribute, *winner.value,
                                   important ? Attribute::ImportantStyleLayer : Attribute::StyleLayer) ||
         !isNodeAlive())
         return;
-    // A property that turned important, or turned normal again, leaves nothing on the layer that it had before.
-    const Styleable::Applied* before = m_node.m_applied.find(name);
-    if (before && before->important != important)
-        m_node.clearProperty(name, before->important);
-    if (!isNodeAlive())
-        return;
-    m_node.m_applied[name] = {important, m_newGeneration};
-    m_node.m_sources[name] = winner.claim.declaration;
+    if (!m_node.m_applied)
+        m_node.m_applied = std::make_unique<AppliedProperties>();
+    AppliedProperties& properties = *m_node.m_applied;
+    if (index < 0) {
+        index = properties.add(newName);
+    } else if (properties[index].isImportant != important) {
+        // A property that turned important, or turned normal again, leaves nothing on the layer that it had before.
+        m_node.clearProperty(index);
+        if (!isNodeAlive())
+            return;
+    }
+    AppliedProperties::Property& property = properties[index];
+    property.isImportant = important;
+    property.generation = m_newGeneration;
+    property.declaration = winner.claim.declaration;
 }
 
 void StylePass::applyDeferred() {
@@ -175,7 +265,8 @@ void StylePass::applyDeferred() {
         const Declaration& declaration = *deferred.declaration;
         if (Attribute* attribute = m_node.attribute(declaration.property())) {
             m_scratch.won.clear();
-            offer(attribute, declaration.value(), {deferred.specificity, declaration.id(), declaration.important()});
+            offer(m_scratch.applied.placeOf(attribute), declaration.value(),
+                  {deferred.specificity, declaration.id(), declaration.important()});
             for (std::size_t i = 0; isNodeAlive() && i < m_scratch.won.size(); ++i)
                 write(m_scratch.won[i]);
             if (!isNodeAlive())
@@ -188,15 +279,20 @@ void StylePass::applyDeferred() {
     }
 }
 
-/// Clears what an earlier pass wrote and this one did not. The names stay, and are cleared again without effect.
+/// Clears what an earlier pass wrote and this one did not, in the order of the names. The names stay, and are cleared
+/// again without effect.
 void StylePass::clearStale() {
-    for (const auto& [name, applied] : m_node.m_applied) {
-        if (applied.generation == m_newGeneration)
-            continue;
-        m_node.clearProperty(QByteArray(name), applied.important);
-        if (!isNodeAlive())
-            return;
+    if (!m_node.m_applied)
+        return;
+    const AppliedProperties& properties = *m_node.m_applied;
+    for (int index = 0; index < properties.size(); ++index) {
+        if (properties[index].generation != m_newGeneration)
+            m_scratch.stale.push_back(index);
     }
+    std::sort(m_scratch.stale.begin(), m_scratch.stale.end(),
+              [&properties](int a, int b) { return qstrcmp(properties[a].name, properties[b].name) < 0; });
+    for (std::size_t i = 0; isNodeAlive() && i < m_scratch.stale.size(); ++i)
+        m_node.clearProperty(m_scratch.stale[i]);
 }
 
 } // namespace Brisko

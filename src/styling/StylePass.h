@@ -1,7 +1,9 @@
 #pragma once
 
 #include "Brisko/Styleable.h"
+#include "model/RuleIndex.h"
 #include "styling/AppliedValues.h"
+#include "styling/FoundProperties.h"
 #include "styling/StyleableWatch.h"
 
 #include <vector>
@@ -10,17 +12,20 @@ namespace Brisko {
 
 /// One run of the cascade over one node: matches, picks the winner of every property, writes it, clears the rest.
 ///
-///     StylePass(node, &childStyle).run();
+///     StylePass pass(node);
+///     if (pass.run())
+///         node.m_childStyle = pass.childStyle();
 class StylePass {
 public:
-    /// @param childStyle  receives what the children have to match; null where only this node is to be done again
-    StylePass(Styleable& node, Style* childStyle);
+    explicit StylePass(Styleable& node);
     ~StylePass();
     StylePass(const StylePass&) = delete;
     StylePass& operator=(const StylePass&) = delete;
 
     /// @return false where a listener deleted the node
     bool run();
+    /// The style for the children, after the run.
+    Style childStyle() const;
     /// Gives up an attribute that leaves the node while the pass runs.
     void forget(Ondex::Attribute* attribute);
 
@@ -29,10 +34,13 @@ private:
 
     void matchRules();
     void matchWaiting();
-    void tryCompound(const SimpleSelector& compound, int specificity, const std::vector<Declaration>& declarations);
-    void applyDeclarations(const SimpleSelector& compound, const std::vector<Declaration>& declarations,
-                           int specificity);
-    bool offer(Ondex::Attribute* attribute, const Ondex::StyleValue& value, const Claim& claim);
+    void tryStart(const RuleIndex::Start& start);
+    void tryWaiting(const WaitingCompound& waiting);
+    void apply(const SimpleSelector& compound, const OfferRange& offers, int specificity);
+    void applyHandedDown(const SimpleSelector& compound, const std::vector<Declaration>& declarations, int specificity);
+    void applyAt(int place, const SimpleSelector& compound, const Declaration& declaration, const Claim& claim);
+    int placeOf(Ondex::Attribute* attribute);
+    bool offer(int place, const Ondex::StyleValue& value, const Claim& claim);
     void writeWinners();
     void write(int place);
     void applyDeferred();
@@ -43,9 +51,8 @@ private:
     Styleable& m_node;
     Styleable::Watch m_watch;
     std::shared_ptr<StyleSheet> m_sheet; // holds the rules, also where the node goes
-    Style* m_childStyle;
     Scratch& m_scratch;
-    int m_newGeneration;
+    unsigned m_newGeneration;
 };
 
 } // namespace Brisko

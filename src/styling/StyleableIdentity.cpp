@@ -1,7 +1,12 @@
 #include "Brisko/Styleable.h"
 
 #include "Gorvel/BinaryData.h"
+#include "Gorvel/Name.h"
+#include "styling/AppliedProperties.h"
+#include "styling/PseudoClasses.h"
 #include "styling/StyleableWatch.h"
+
+#include <algorithm>
 
 namespace Brisko {
 
@@ -17,8 +22,8 @@ QByteArray lowerCased(const QString& name) {
 } // namespace
 
 Styleable::Styleable(const QByteArray& type)
-    : Ondex::Node(nullptr, type), m_cssType(type), m_cssClass(this, "css-class"), m_cssId(this, "css-id"),
-      m_transition(this, "transition") {
+    : Ondex::Node(nullptr, type), m_cssType(Gorvel::interned(type)), m_cssClass(this, "css-class"),
+      m_cssId(this, "css-id"), m_transition(this, "transition") {
     m_cssId.addListener([this] { updateStyle(); }, changeRole);
     m_cssClass.addListener([this] { classesChanged(); }, changeRole);
     eventAddOut(pseudoClassChanged);
@@ -31,7 +36,7 @@ Styleable::~Styleable() {
 }
 
 void Styleable::setCSSType(const QByteArray& type) {
-    m_cssType = type;
+    m_cssType = Gorvel::interned(type);
     updateStyle();
 }
 
@@ -87,6 +92,7 @@ bool Styleable::hasCSSClass(const QByteArray& name) const {
 void Styleable::classesChanged() {
     QList<QByteArray> names = lowerCased(cssClassStr()).split(' ');
     names.removeAll(QByteArray());
+    std::transform(names.begin(), names.end(), names.begin(), Gorvel::interned);
     m_classes.clear();
     m_classes.insertAll(names);
     updateStyle();
@@ -95,14 +101,19 @@ void Styleable::classesChanged() {
 void Styleable::setPseudoClass(const QByteArray& name, bool on) {
     if (pseudoClass(name) == on)
         return;
-    m_pseudoClassState[name] = on;
+    pseudoClassesForWriting().set(name, on);
     const Watch watch(*this);
     if (!isStylingSuppressed()) {
-        const int* use = m_pseudoClassUse.find(name);
-        if (use && *use == GoesOnBelow)
+        switch (m_pseudoClasses->use(name)) {
+        case PseudoClasses::GoesOnBelow:
             setStyle(m_style);
-        else if (use && *use == EndsHere)
+            break;
+        case PseudoClasses::EndsHere:
             applyStyleAlone();
+            break;
+        case PseudoClasses::Unused:
+            break;
+        }
     }
     if (!watch.isAlive())
         return;
@@ -112,15 +123,22 @@ void Styleable::setPseudoClass(const QByteArray& name, bool on) {
 }
 
 bool Styleable::pseudoClass(const QByteArray& name) const {
-    const bool* on = m_pseudoClassState.find(name);
-    return on && *on;
+    return m_pseudoClasses && m_pseudoClasses->isOn(name);
 }
 
 QList<QByteArray> Styleable::pseudoClasses() const {
     QList<QByteArray> names;
-    for (const auto& [name, on] : m_pseudoClassState)
-        names.append(name);
+    if (m_pseudoClasses) {
+        for (const auto& [name, on] : m_pseudoClasses->states())
+            names.append(name);
+    }
     return names;
+}
+
+Styleable::PseudoClasses& Styleable::pseudoClassesForWriting() {
+    if (!m_pseudoClasses)
+        m_pseudoClasses = std::make_unique<PseudoClasses>();
+    return *m_pseudoClasses;
 }
 
 QString Styleable::simpleSelector(bool withPseudoClasses) const {
@@ -129,8 +147,8 @@ QString Styleable::simpleSelector(bool withPseudoClasses) const {
         text += QLatin1Char('#') + cssId();
     for (const QByteArray& name : m_classes)
         text += QLatin1Char('.') + QString::fromUtf8(name);
-    if (withPseudoClasses) {
-        for (const auto& [name, on] : m_pseudoClassState) {
+    if (withPseudoClasses && m_pseudoClasses) {
+        for (const auto& [name, on] : m_pseudoClasses->states()) {
             if (on)
                 text += QLatin1Char(':') + QString::fromUtf8(name);
         }

@@ -1,6 +1,8 @@
 #include "Brisko/Styleable.h"
 
-#include "styling/Specificity.h"
+#include "model/KeySet.h"
+#include "model/Specificity.h"
+#include "styling/PseudoClasses.h"
 
 #include <algorithm>
 
@@ -9,19 +11,11 @@ namespace Brisko {
 namespace {
 
 bool holdsAll(const Gorvel::ArraySet<QByteArray>& held, const Gorvel::ArraySet<QByteArray>& wanted) {
+    if (wanted.isEmpty())
+        return true;
     const auto before = [](const QByteArray& a, const QByteArray& b) { return qstrcmp(a, b) < 0; };
     return wanted.size() <= held.size() &&
            std::includes(held.begin(), held.end(), wanted.begin(), wanted.end(), before);
-}
-
-/// @p specificity with what the identity of one compound adds: its id, classes and type.
-int plusIdentity(int specificity, const SimpleSelector& selector) {
-    if (!selector.cssId().isEmpty())
-        specificity = Specificity::plus(specificity, Specificity::Ids, 1);
-    specificity = Specificity::plus(specificity, Specificity::Classes, selector.cssClasses().size());
-    if (!selector.cssType().isEmpty())
-        specificity = Specificity::plus(specificity, Specificity::Types, 1);
-    return specificity;
 }
 
 } // namespace
@@ -40,38 +34,38 @@ bool Styleable::hasPseudoClasses(const SimpleSelector& selector) const {
 bool Styleable::match(const SimpleSelector& selector, int* specificity) const {
     if (!hasIdentity(selector) || !hasPseudoClasses(selector))
         return false;
-    if (specificity) {
-        const int identity = plusIdentity(Specificity::withOrigin(0, selector.origin()), selector);
-        *specificity = Specificity::plus(identity, Specificity::Classes, int(selector.m_pseudoClasses.size()));
-    }
+    if (specificity)
+        *specificity = Specificity::plus(0, selector);
     return true;
 }
 
-bool Styleable::match(const SimpleSelector& selector, int& specificity, Style* childStyle,
-                      const std::vector<Declaration>* declarations) {
-    if (childStyle && selector.combinator() == SimpleSelector::Descendant)
-        childStyle->add(declarations, &selector, specificity);
+/// Whether a compound matches, in a pass, which notes the pseudo-classes that it tests.
+bool Styleable::isMatch(const SimpleSelector& selector) {
     if (!hasIdentity(selector))
         return false;
+    if (selector.m_pseudoClasses.empty())
+        return true;
     recordPseudoClasses(selector);
-    if (!hasPseudoClasses(selector))
-        return false;
-    specificity = plusIdentity(Specificity::withOrigin(specificity, selector.origin()), selector);
-    specificity = Specificity::plus(specificity, Specificity::Classes, int(selector.m_pseudoClasses.size()));
-    if (childStyle && selector.next())
-        childStyle->add(declarations, selector.next(), specificity);
-    return true;
+    return hasPseudoClasses(selector);
+}
+
+KeySet Styleable::matchKeys() const {
+    KeySet keys;
+    keys.insert(MatchKey::none());
+    keys.insert(MatchKey::ofType(m_cssType));
+    for (const QByteArray& name : m_classes)
+        keys.insert(MatchKey::ofClass(name));
+    if (!m_cssId.value().isEmpty())
+        keys.insert(MatchKey::ofId(m_cssId.value()));
+    return keys;
 }
 
 void Styleable::recordPseudoClasses(const SimpleSelector& selector) {
     const SimpleSelector* next = selector.next();
     if (next && next->combinator() != SimpleSelector::Child && next->combinator() != SimpleSelector::Descendant)
         return;
-    const int use = next ? GoesOnBelow : EndsHere;
-    for (const QByteArray& name : selector.m_pseudoClasses) {
-        int& held = m_pseudoClassUse[name];
-        held = std::max(held, use);
-    }
+    for (const QByteArray& name : selector.m_pseudoClasses)
+        pseudoClassesForWriting().addUse(name, next ? PseudoClasses::GoesOnBelow : PseudoClasses::EndsHere);
 }
 
 } // namespace Brisko

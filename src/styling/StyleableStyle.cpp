@@ -1,8 +1,11 @@
 #include "Brisko/Styleable.h"
 
 #include "Brisko/LazyAttributeManager.h"
+#include "Gorvel/Name.h"
 #include "Gorvel/Trace.h"
 #include "Ondex/ArchiveElement.h"
+#include "styling/AppliedProperties.h"
+#include "styling/PseudoClasses.h"
 #include "styling/StylePass.h"
 #include "styling/StyleableWatch.h"
 
@@ -29,9 +32,10 @@ bool Styleable::setStyle(const Style& style) {
 /// Runs the pass with a new child style and keeps that.
 /// @return whether it differs from the one before; false where a listener deleted this node
 bool Styleable::applyStyle(const Style& style, PassKind kind) {
-    m_pseudoClassUse.clear();
+    if (m_pseudoClasses)
+        m_pseudoClasses->clearUses();
     m_style = style;
-    Style childStyle(m_style.styleSheet());
+    Style childStyle;
     const PassEnd end = runPass(&childStyle, kind);
     if (end == PassEnd::AskedAgain)
         return applyStyle(*std::exchange(m_askedStyle, nullptr), PassKind::Repeated);
@@ -52,8 +56,11 @@ void Styleable::applyStyleAlone() {
 
 /// Asked again, the node has to be styled once more, with m_askedStyle.
 Styleable::PassEnd Styleable::runPass(Style* childStyle, PassKind kind) {
-    if (!StylePass(*this, childStyle).run())
+    StylePass pass(*this);
+    if (!pass.run())
         return PassEnd::NodeDeleted;
+    if (childStyle)
+        *childStyle = pass.childStyle();
     if (!m_askedStyle)
         return PassEnd::Done;
     if (kind == PassKind::First)
@@ -143,16 +150,17 @@ bool Styleable::setAttributeValue(Attribute& attribute, const StyleValue& value,
     return false;
 }
 
-void Styleable::clearProperty(const QByteArray& name, bool important) {
-    Attribute* held = attribute(name);
-    m_sources.remove(name);
-    if (held)
-        held->clearValue(important ? ImportantStyleLayer : StyleLayer); // may delete this node
+/// Clears what passes wrote to the property at place @p index of those applied.
+void Styleable::clearProperty(int index) {
+    AppliedProperties::Property& property = (*m_applied)[index];
+    property.declaration = -1;
+    if (Attribute* held = attribute(property.name))
+        held->clearValue(property.isImportant ? ImportantStyleLayer : StyleLayer); // may delete this node
 }
 
 QString Styleable::attributeSource(const QByteArray& name) const {
-    const int* declaration = m_sources.find(name);
-    return declaration && m_style.isValid() ? m_style.styleSheet()->source(*declaration) : QString();
+    const int index = m_applied ? m_applied->indexOf(Gorvel::interned(name)) : -1;
+    return index >= 0 && m_style.isValid() ? m_style.styleSheet()->source((*m_applied)[index].declaration) : QString();
 }
 
 bool Styleable::readElement(const Ondex::ArchiveElement& element) {

@@ -22,4 +22,15 @@ inline int plus(int specificity, Field field, int count) {
     return specificity + ((count < room ? count : room) << field);
 }
 
+/// @p specificity of the compounds on the left with that of @p selector, whose origin counts.
+inline int plus(int specificity, const SimpleSelector& selector) {
+    specificity = withOrigin(specificity, selector.origin());
+    if (!selector.cssId().isEmpty())
+        specificity = plus(specificity, Ids, 1);
+    specificity = plus(specificity, Classes, selector.cssClasses().size() + selector.pseudoClassCount());
+    if (!selector.cssType().isEmpty())
+        specificity = plus(specificity, Types, 1);
+    return specificity;
+}
+
 } // namespace Brisko::Specificity

@@ -1,0 +1,34 @@
+#include "model/OfferIndex.h"
+
+#include "Gorvel/Name.h"
+
+namespace Brisko {
+
+OfferIndex::OfferIndex(const std::vector<Rule>& rules) {
+    // Rules of one list of selectors share their declarations.
+    std::vector<const Rule::Declarations*> lists;
+    std::size_t count = 0;
+    for (const Rule& rule : rules) {
+        const Rule::Declarations* list = &rule.declarations();
+        if ((!lists.empty() && lists.back() == list) || m_ranges.contains(list))
+            continue;
+        m_ranges.insert(list, {});
+        lists.push_back(list);
+        count += list->size();
+    }
+
+    m_offers.reserve(count); // so that the addresses stay
+    NameTable<int> numbers;
+    for (const Rule::Declarations* list : lists) {
+        const Offer* first = m_offers.data() + m_offers.size();
+        for (const Declaration& declaration : *list) {
+            int& number = numbers[Gorvel::interned(declaration.property())]; // 0 where it is new
+            if (number == 0)
+                number = ++m_propertyCount;
+            m_offers.push_back({&declaration, declaration.id(), unsigned(number - 1), declaration.important()});
+        }
+        m_ranges[list] = {first, first + list->size()};
+    }
+}
+
+} // namespace Brisko

@@ -1,0 +1,72 @@
+#include "model/WaitingGroup.h"
+
+#include <algorithm>
+
+namespace Brisko {
+
+void WaitingGroup::add(const std::vector<Declaration>* declarations, const SimpleSelector* selector, int specificity,
+                       int order) {
+    const bool goesOn = selector->combinator() == SimpleSelector::Descendant;
+    const MatchKey key = MatchKey::ofCompound(*selector);
+    m_compounds.push_back({declarations, selector, specificity, order, key.value(), goesOn});
+    m_keys.insert(key);
+    m_goesOnWhole = m_goesOnWhole && goesOn;
+}
+
+void WaitingGroup::addUnread(const std::vector<Declaration>* declarations, const SimpleSelector* selector,
+                             int specificity) {
+    const MatchKey key = MatchKey::none();
+    m_compounds.push_back({declarations, selector, specificity, int(m_compounds.size()), key.value(), false});
+    m_keys.insert(key);
+    m_goesOnWhole = false;
+}
+
+void WaitingGroup::file() {
+    m_compounds.shrink_to_fit();
+    if (m_compounds.size() <= fewCompounds)
+        return;
+    std::stable_sort(m_compounds.begin(), m_compounds.end(),
+                     [](const WaitingCompound& a, const WaitingCompound& b) { return a.key < b.key; });
+    m_firstOfKey.assign(MatchKey::count + 1, 0);
+    for (const WaitingCompound& compound : m_compounds)
+        ++m_firstOfKey[std::size_t(compound.key) + 1];
+    for (std::size_t key = 0; key < MatchKey::count; ++key)
+        m_firstOfKey[key + 1] += m_firstOfKey[key];
+}
+
+void WaitingGroup::collect(const KeySet& keys, bool all, std::vector<const WaitingCompound*>& found) const {
+    if (!m_keys.intersects(keys))
+        return;
+    if (m_firstOfKey.empty()) {
+        for (const WaitingCompound& compound : m_compounds) {
+            if (keys.contains(compound.key) && (all || compound.goesOn))
+                found.push_back(&compound);
+        }
+        return;
+    }
+    for (const std::uint8_t key : keys.keys()) {
+        const int end = m_firstOfKey[std::size_t(key) + 1];
+        for (int place = m_firstOfKey[key]; place < end; ++place) {
+            const WaitingCompound& compound = m_compounds[std::size_t(place)];
+            if (all || compound.goesOn)
+                found.push_back(&compound);
+        }
+    }
+}
+
+bool WaitingGroup::holds(const WaitingCompound& wanted, bool all) const {
+    auto first = m_compounds.begin();
+    auto last = m_compounds.end();
+    if (!m_keys.contains(wanted.key))
+        return false;
+    if (!m_firstOfKey.empty()) {
+        last = first + m_firstOfKey[std::size_t(wanted.key) + 1];
+        first += m_firstOfKey[wanted.key];
+    }
+    return std::any_of(first, last, [&](const WaitingCompound& compound) {
+        return compound.declarations == wanted.declarations && compound.selector == wanted.selector &&
+               (all || compound.goesOn);
+    });
+}
+
+} // namespace Brisko

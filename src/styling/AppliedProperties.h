@@ -1,0 +1,66 @@
+#pragma once
+
+#include "Gorvel/Name.h"
+#include "model/NameTable.h"
+
+#include <QVarLengthArray>
+
+#include <memory>
+
+namespace Brisko {
+
+/// What style passes wrote on a node: for each property its layer, the pass, and the declaration that won. In the order
+/// in which the properties were first written; each stays once it is there. Names are interned.
+class AppliedProperties {
+public:
+    struct Property {
+        QByteArray name;
+        int declaration;          ///< number in the sheet; -1 where nothing holds now
+        unsigned isImportant : 1; ///< written to the important layer
+        unsigned generation : 31; ///< of the pass that wrote it last
+    };
+
+    /// The place of @p name, -1 where it is not there.
+    int indexOf(const QByteArray& name) const {
+        if (m_places) {
+            const int* place = m_places->find(name);
+            return place ? *place : -1;
+        }
+        for (int i = 0; i < m_properties.size(); ++i) {
+            if (m_properties[i].name.constData() == name.constData())
+                return i;
+        }
+        return -1;
+    }
+
+    /// Adds an entry for a name that has none. @return its place
+    int add(const QByteArray& name) {
+        const int place = m_properties.size();
+        m_properties.append({name, -1, 0, 0});
+        if (m_places) {
+            (*m_places)[name] = place;
+        } else if (place == longList) {
+            m_places = std::make_unique<NameTable<int>>();
+            for (int i = 0; i <= place; ++i)
+                (*m_places)[m_properties[i].name] = i;
+        }
+        return place;
+    }
+
+    /// The number for the pass after the last one.
+    unsigned nextGeneration() const { return (m_generation + 1) & 0x7FFFFFFF; }
+    void setGeneration(unsigned generation) { m_generation = generation; }
+
+    int size() const { return m_properties.size(); }
+    Property& operator[](int place) { return m_properties[place]; }
+    const Property& operator[](int place) const { return m_properties[place]; }
+
+private:
+    static constexpr int longList = 24; // from here on a look-up is quicker than a search
+
+    QVarLengthArray<Property, 6> m_properties; // as many as a node has mostly
+    unsigned m_generation = 0;
+    std::unique_ptr<NameTable<int>> m_places; // of a long list
+};
+
+} // namespace Brisko
