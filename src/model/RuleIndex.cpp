@@ -31,7 +31,8 @@ void merge(const std::vector<RuleIndex::Start>& run, std::vector<const RuleIndex
     }
     for (const RuleIndex::Start& start : run)
         starts.push_back(&start);
-    std::inplace_merge(starts.begin(), starts.begin() + held, starts.end(), isBefore);
+    if (held > 0)
+        std::inplace_merge(starts.begin(), starts.begin() + held, starts.end(), isBefore);
 }
 
 } // namespace

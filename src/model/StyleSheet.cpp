@@ -6,7 +6,7 @@ namespace Brisko {
 
 StyleSheet::StyleSheet() = default;
 StyleSheet::~StyleSheet() {
-    dropIndex();
+    dropIndex(); // where it is deleted
 }
 
 StyleSheet::StyleSheet(const StyleSheet& other)
@@ -60,8 +60,10 @@ const RuleIndex& StyleSheet::ruleIndex() const {
     return *index;
 }
 
+/// The index is put aside, as styles point into it.
 void StyleSheet::dropIndex() {
-    delete m_index.exchange(nullptr);
+    if (const RuleIndex* index = m_index.exchange(nullptr))
+        m_formerIndexes.emplace_back(index);
 }
 
 } // namespace Brisko

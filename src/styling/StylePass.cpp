@@ -41,8 +41,9 @@ struct StylePass::Scratch {
     ShorthandParts parts;          // of the shorthand that is offered now
     std::deque<StyleValue> values; // of parts of shorthands that were offered
     std::vector<Deferred> deferred;
-    std::vector<int> won;   // places in applied that the last offer took
-    std::vector<int> stale; // places in the applied properties of the node
+    std::vector<int> transitions; // places in applied of the longhands of the transition
+    std::vector<int> won;         // places in applied that the last deferred declaration took
+    std::vector<int> stale;       // places in the applied properties of the node
 
     void clear() {
         begun.starts.clear();
@@ -53,6 +54,7 @@ struct StylePass::Scratch {
         applied.clear();
         values.clear();
         deferred.clear();
+        transitions.clear();
         won.clear();
         stale.clear();
     }
@@ -93,13 +95,14 @@ StylePass::~StylePass() {
 }
 
 bool StylePass::run() {
-    using Step = void (StylePass::*)();
-    for (const Step step : {&StylePass::matchRules, &StylePass::matchWaiting, &StylePass::writeWinners,
-                            &StylePass::applyDeferred, &StylePass::clearStale}) {
-        (this->*step)();
-        if (!isNodeAlive())
-            return false;
-    }
+    // Each step may reach listeners that delete the node; then the others find nothing to do.
+    matchRules();
+    matchWaiting();
+    writeWinners();
+    applyDeferred();
+    clearStale();
+    if (!isNodeAlive())
+        return false;
     if (m_node.m_applied)
         m_node.m_applied->setGeneration(m_newGeneration);
     return true;
@@ -137,7 +140,7 @@ void StylePass::tryStart(const RuleIndex::Start& start) {
 }
 
 void StylePass::matchWaiting() {
-    const WaitingRules* waiting = m_node.m_style.m_waiting.data();
+    const WaitingRules* waiting = isNodeAlive() ? m_node.m_style.m_waiting.data() : nullptr;
     if (!waiting)
         return;
     waiting->collect(m_node.matchKeys(), m_scratch.waiting);
@@ -206,7 +209,8 @@ int StylePass::placeOf(Attribute* attribute) {
 bool StylePass::offer(int place, const StyleValue& value, const Claim& claim) {
     if (!m_scratch.applied.offer(place, value, claim))
         return false;
-    m_scratch.won.push_back(place);
+    if (m_won)
+        m_won->push_back(place);
     ShorthandParts& parts = m_scratch.emptyParts();
     if (m_scratch.applied[place].attribute->handleShorthand(value, parts)) {
         m_scratch.applied[place].isShorthand = true;
@@ -219,16 +223,32 @@ bool StylePass::offer(int place, const StyleValue& value, const Claim& claim) {
 /// Writes every winner. The first values of a node take their places at once; later on, transitions are armed before
 /// the values that they move.
 void StylePass::writeWinners() {
+    if (!isNodeAlive())
+        return;
+    std::vector<int>& transitions = m_scratch.transitions;
+    for (int place = 0; place < m_scratch.applied.size(); ++place) {
+        if (isOfTransition(place))
+            transitions.push_back(place);
+    }
     const bool isFirst = !m_node.m_applied;
-    const auto writeWhere = [this](bool ofTransition) {
-        for (int place = 0; isNodeAlive() && place < m_scratch.applied.size(); ++place) {
-            const Attribute* attribute = m_scratch.applied[place].attribute;
-            if (attribute && (attribute->ownerShorthand() == &m_node.m_transition) == ofTransition)
-                write(place);
-        }
-    };
-    writeWhere(!isFirst);
-    writeWhere(isFirst);
+    if (!isFirst)
+        writeAll(transitions);
+    for (int place = 0; isNodeAlive() && place < m_scratch.applied.size(); ++place) {
+        if (transitions.empty() || !isOfTransition(place))
+            write(place);
+    }
+    if (isFirst)
+        writeAll(transitions);
+}
+
+bool StylePass::isOfTransition(int place) const {
+    const Attribute* attribute = m_scratch.applied[place].attribute;
+    return attribute && attribute->ownerShorthand() == &m_node.m_transition;
+}
+
+void StylePass::writeAll(const std::vector<int>& places) {
+    for (std::size_t i = 0; isNodeAlive() && i < places.size(); ++i)
+        write(places[i]);
 }
 
 void StylePass::write(int place) {
@@ -261,16 +281,15 @@ void StylePass::write(int place) {
 }
 
 void StylePass::applyDeferred() {
-    for (const Deferred& deferred : m_scratch.deferred) {
+    m_won = &m_scratch.won;
+    for (std::size_t i = 0; isNodeAlive() && i < m_scratch.deferred.size(); ++i) {
+        const Deferred& deferred = m_scratch.deferred[i];
         const Declaration& declaration = *deferred.declaration;
         if (Attribute* attribute = m_node.attribute(declaration.property())) {
-            m_scratch.won.clear();
+            m_won->clear();
             offer(m_scratch.applied.placeOf(attribute), declaration.value(),
                   {deferred.specificity, declaration.id(), declaration.important()});
-            for (std::size_t i = 0; isNodeAlive() && i < m_scratch.won.size(); ++i)
-                write(m_scratch.won[i]);
-            if (!isNodeAlive())
-                return;
+            writeAll(*m_won);
         } else if (!deferred.compound->isEmpty()) {
             Gorvel::Trace::error("Styleable::setStyle # %s # Attribute %s not found",
                                  Gorvel::StringUtils::demangle(typeid(m_node).name()).constData(),
@@ -282,7 +301,7 @@ void StylePass::applyDeferred() {
 /// Clears what an earlier pass wrote and this one did not, in the order of the names. The names stay, and are cleared
 /// again without effect.
 void StylePass::clearStale() {
-    if (!m_node.m_applied)
+    if (!isNodeAlive() || !m_node.m_applied)
         return;
     const AppliedProperties& properties = *m_node.m_applied;
     for (int index = 0; index < properties.size(); ++index) {

@@ -42,6 +42,8 @@ private:
     int placeOf(Ondex::Attribute* attribute);
     bool offer(int place, const Ondex::StyleValue& value, const Claim& claim);
     void writeWinners();
+    bool isOfTransition(int place) const;
+    void writeAll(const std::vector<int>& places);
     void write(int place);
     void applyDeferred();
     void clearStale();
@@ -53,6 +55,7 @@ private:
     std::shared_ptr<StyleSheet> m_sheet; // holds the rules, also where the node goes
     Scratch& m_scratch;
     unsigned m_newGeneration;
+    std::vector<int>* m_won = nullptr; // where places that an offer took are noted, if anywhere
 };
 
 } // namespace Brisko

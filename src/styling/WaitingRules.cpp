@@ -101,16 +101,16 @@ bool WaitingRules::equal(const WaitingRules* a, const WaitingRules* b) {
     if (x == y)
         return true;
     // Where they part, one state that the other list lacks decides; so it nearly always is.
-    if (a && b && !a->m_isMadeByHand && !b->m_isMadeByHand && ((x && a->hasOther(x, *b)) || (y && b->hasOther(y, *a))))
+    if (a && b && !a->m_isMadeByHand && !b->m_isMadeByHand && ((x && a->hasOther(x, y, *b)) || (y && b->hasOther(y, x, *a))))
         return false;
     static const std::vector<State> none;
     return (a ? a->states() : none) == (b ? b->states() : none);
 }
 
-/// Whether @p part of this list has a state that @p whole has not.
-bool WaitingRules::hasOther(const WaitingRules* part, const WaitingRules& whole) const {
+/// Whether @p part of this list has a state that @p whole has not; @p like is the part there that is most like it.
+bool WaitingRules::hasOther(const WaitingRules* part, const WaitingRules* like, const WaitingRules& whole) const {
     for (const WaitingGroup* group : part->m_groups) {
-        if (whole.has(group))
+        if ((like && like->m_groups.contains(group)) || whole.has(group))
             continue;
         for (const WaitingCompound& compound : group->compounds()) {
             if ((part == this || compound.goesOn) && !whole.holds(compound))

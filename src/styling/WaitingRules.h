@@ -93,7 +93,7 @@ private:
     StateList& flat() const;
     bool has(const WaitingGroup* group) const;
     bool holds(const WaitingCompound& wanted) const;
-    bool hasOther(const WaitingRules* part, const WaitingRules& whole) const;
+    bool hasOther(const WaitingRules* part, const WaitingRules* like, const WaitingRules& whole) const;
 
     QVarLengthArray<const WaitingGroup*, 3> m_groups;
     Pointer m_rest;
