@@ -11,6 +11,11 @@
 #include <memory>
 #include <vector>
 
+namespace Ondex {
+template <typename T, typename Compound>
+class Longhand;
+}
+
 namespace Brisko {
 
 /// The property "background" with its seven longhands, and the layers to paint that they make.
@@ -59,6 +64,11 @@ public:
 
 private:
     class Private;
+    template <typename T, typename Compound>
+    friend class Ondex::Longhand;
+    static constexpr int LonghandRole = 2;
+    void longhandChanged(Ondex::Attribute& longhand);
+
     std::unique_ptr<Private> d;
 };
 

@@ -3,14 +3,17 @@
 #include "Brisko/Border.h"
 #include "Brisko/Export.h"
 #include "Gorvel/FlagsT.h"
-#include "Ondex/AttributeT.h"
+#include "Ondex/Longhand.h"
 #include "Ondex/Node.h"
 #include "Ondex/StyleValue.h"
 #include "Pemmit/Frame.h"
 
 #include <array>
+#include <memory>
 
 namespace Brisko {
+
+class AttributeBorder;
 
 /// One side of a border, such as "border-top", with its longhands "border-top-width", "-style" and "-color".
 class BRISKO_EXPORT AttributeBorderSingle : public Ondex::Attribute {
@@ -19,7 +22,7 @@ public:
     ~AttributeBorderSingle() override;
 
     /// Width, style and colour of this side, as the longhands had them at their last change.
-    const Border& border() const { return m_border; }
+    const Border& border() const;
 
     /// The longhands' texts as "width style rgba_pma(r, g, b, a)".
     QString asString(bool* ok, Layer layer) const override;
@@ -30,19 +33,25 @@ public:
     /// @return false where no component is any of the three
     bool handleShorthand(const Ondex::StyleValue& value,
                          Gorvel::ArrayMap<Ondex::Attribute*, Ondex::StyleValue>& parts) override;
+    void emitChange() override;
     using Attribute::set;
 
 private:
     friend class AttributeBorder;
-    friend class AttributeBorderProperty;
-    enum Longhand { Width, Style, Color };
+    template <typename T>
+    using Longhand = Ondex::Longhand<T, AttributeBorderSingle>;
+    template <typename T, typename Compound>
+    friend class Ondex::Longhand;
+    static constexpr int LonghandRole = 2;
 
-    void update(Longhand changed);
+    static Follower borderFollower();
+    void setBorder(AttributeBorder& border);
+    void longhandChanged(Ondex::Attribute& longhand);
 
-    Ondex::AttributeT<Ondex::StyleValue> m_width;
-    Ondex::AttributeT<Ondex::StyleValue> m_style;
-    Ondex::AttributeT<Gorvel::ColorPMA> m_color;
-    Border m_border;
+    Longhand<Ondex::StyleValue> m_width;
+    Longhand<Ondex::StyleValue> m_style;
+    Longhand<Gorvel::ColorPMA> m_color;
+    std::unique_ptr<Border> m_border; // null until a longhand changes
 };
 
 /// One property of all four sides, such as "border-width": 1 to 4 components in the order of CSS 2.1 section 8.5.1.
@@ -107,6 +116,7 @@ public:
     using Attribute::set;
 
 private:
+    friend class AttributeBorderSingle;
     using Sides = std::array<AttributeBorderSingle, 4>;
 
     template <typename Write>

@@ -9,6 +9,11 @@
 
 #include <memory>
 
+namespace Ondex {
+template <typename T, typename Compound>
+class Longhand;
+}
+
 namespace Brisko {
 
 // The values are fixed: they are stored and compared. Oblique text is shown as italic.
@@ -81,6 +86,11 @@ public:
 
 private:
     class Private;
+    template <typename T, typename Compound>
+    friend class Ondex::Longhand;
+    static constexpr int LonghandRole = 2;
+    void longhandChanged(Ondex::Attribute& longhand);
+
     std::unique_ptr<Private> d;
 };
 

@@ -1,10 +1,11 @@
 #pragma once
 
 #include "Brisko/Export.h"
-#include "Ondex/AttributeT.h"
+#include "Ondex/Longhand.h"
 #include "Ondex/Node.h"
 #include "Ondex/StyleValue.h"
 
+#include <memory>
 #include <set>
 
 namespace Brisko {
@@ -29,13 +30,16 @@ public:
                          Gorvel::ArrayMap<Ondex::Attribute*, Ondex::StyleValue>& parts) override;
 
 private:
-    void update();
+    using Longhand = Ondex::Longhand<Ondex::StyleValue, AttributeTransitionAnim>;
+    friend Longhand;
+    static constexpr int LonghandRole = 2;
+    void longhandChanged(Ondex::Attribute& longhand);
 
-    Ondex::AttributeT<Ondex::StyleValue> m_property;
-    Ondex::AttributeT<Ondex::StyleValue> m_duration;
-    Ondex::AttributeT<Ondex::StyleValue> m_delay;
+    Longhand m_property;
+    Longhand m_duration;
+    Longhand m_delay;
     Ondex::Node* m_node;
-    std::set<QByteArray> m_armed;
+    std::unique_ptr<std::set<QByteArray>> m_armed; // null where there are none
 };
 
 } // namespace Brisko

@@ -92,6 +92,8 @@ public:
     void setBackgroundColor(Gorvel::ColorPMA color);
 
 private:
+    Ondex::Node* withRoomForAll();
+
     Ondex::AttributeTupleT<Vector> m_location;
     Ondex::AttributeTupleT<Size> m_size;
     Ondex::AttributeTupleT<Pemmit::Frame4f> m_padding;

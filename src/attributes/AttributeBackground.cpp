@@ -1,6 +1,6 @@
 #include "Brisko/AttributeBackground.h"
 
-#include "Ondex/AttributeT.h"
+#include "Ondex/Longhand.h"
 #include "attributes/BackgroundResolver.h"
 #include "attributes/BackgroundShorthand.h"
 
@@ -8,47 +8,54 @@ namespace Brisko {
 
 using Gorvel::ColorPMA;
 using Ondex::Attribute;
-using Ondex::AttributeT;
 using Ondex::StyleValue;
 
 namespace {
 
-constexpr int changeRole = 2;
+/// The default values of all backgrounds.
+struct Defaults {
+    Ondex::DefaultValue<ColorPMA> color{ColorPMA(1.f, 1.f, 1.f, 1.f)};
+    Ondex::DefaultValue<StyleValue> size{StyleValue(QByteArrayLiteral("auto"))};
+    Ondex::DefaultValue<StyleValue> repeat{StyleValue(QByteArrayLiteral("repeat"))};
+};
+
+const Defaults& defaults() {
+    static const Defaults values;
+    return values;
+}
 
 } // namespace
 
 class AttributeBackground::Private {
 public:
-    Private(AttributeBackground* owner, Ondex::Node* host);
+    template <typename T>
+    using Longhand = Ondex::Longhand<T, AttributeBackground>;
+
+    Private(AttributeBackground& owner, Ondex::Node* host);
 
     BackgroundShorthand::Longhands longhands() { return {&color, &image, &clip, &origin, &size, &repeat, &position}; }
     void resolve();
 
-    AttributeT<ColorPMA> color;
-    AttributeT<QStringList> image;
-    AttributeT<QStringList> clip;
-    AttributeT<QStringList> origin;
-    AttributeT<StyleValue> size;
-    AttributeT<StyleValue> repeat;
-    AttributeT<StyleValue> position;
+    Longhand<ColorPMA> color;
+    Longhand<QStringList> image;
+    Longhand<QStringList> clip;
+    Longhand<QStringList> origin;
+    Longhand<StyleValue> size;
+    Longhand<StyleValue> repeat;
+    Longhand<StyleValue> position;
     std::vector<BackgroundImage> layers;
     BackgroundImage::Box colorClip = BackgroundImage::BorderBox;
-
-private:
-    AttributeBackground* m_owner;
 };
 
-AttributeBackground::Private::Private(AttributeBackground* owner, Ondex::Node* host)
-    : color(host, "background-color", ColorPMA(1.f, 1.f, 1.f, 1.f)), image(host, "background-image"),
-      clip(host, "background-clip"), origin(host, "background-origin"),
-      size(host, "background-size", StyleValue(QByteArray("auto"))),
-      repeat(host, "background-repeat", StyleValue(QByteArray("repeat"))), position(host, "background-position"),
-      m_owner(owner) {
-    const std::initializer_list<Attribute*> inOrder = {&color, &image, &clip, &origin, &size, &repeat, &position};
-    for (Attribute* longhand : inOrder) {
-        longhand->setOwnerShorthand(owner);
-        longhand->addListener([this] { resolve(); }, changeRole);
-    }
+AttributeBackground::Private::Private(AttributeBackground& owner, Ondex::Node* host)
+    : color(host, QByteArrayLiteral("background-color"), defaults().color),
+      image(host, QByteArrayLiteral("background-image")), clip(host, QByteArrayLiteral("background-clip")),
+      origin(host, QByteArrayLiteral("background-origin")),
+      size(host, QByteArrayLiteral("background-size"), defaults().size),
+      repeat(host, QByteArrayLiteral("background-repeat"), defaults().repeat),
+      position(host, QByteArrayLiteral("background-position")) {
+    const auto follow = [&owner](auto&... longhands) { (longhands.setCompound(owner), ...); };
+    follow(color, image, clip, origin, size, repeat, position);
 }
 
 void AttributeBackground::Private::resolve() {
@@ -57,13 +64,17 @@ void AttributeBackground::Private::resolve() {
          repeat.value().split(StyleValue::SEPARATOR_COMMA), position.value().split(StyleValue::SEPARATOR_COMMA)});
     colorClip = resolver.colorClip(colorClip);
     layers = resolver.layers();
-    m_owner->emitChange();
 }
 
 AttributeBackground::AttributeBackground(Ondex::Node* host, const QByteArray& name)
-    : Attribute(host, name), d(std::make_unique<Private>(this, host)) {}
+    : Attribute(host, name), d(std::make_unique<Private>(*this, host)) {}
 
 AttributeBackground::~AttributeBackground() = default;
+
+void AttributeBackground::longhandChanged(Attribute&) {
+    d->resolve();
+    emitChange();
+}
 
 bool AttributeBackground::handleShorthand(const StyleValue& value, Gorvel::ArrayMap<Attribute*, StyleValue>& parts) {
     return BackgroundShorthand(d->longhands(), parts).read(value);

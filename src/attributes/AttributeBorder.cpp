@@ -1,15 +1,16 @@
 #include "Brisko/AttributeBorder.h"
 
+#include "Gorvel/Name.h"
+
 #include <utility>
 
 namespace Brisko {
 
+using Gorvel::interned;
 using Ondex::Attribute;
 using Ondex::StyleValue;
 
 namespace {
-
-constexpr int changeRole = 2;
 
 QByteArray wordOf(Border::Style style) {
     return style == Border::Solid ? QByteArrayLiteral("solid") : QByteArrayLiteral("none");
@@ -18,19 +19,19 @@ QByteArray wordOf(Border::Style style) {
 } // namespace
 
 AttributeBorder::AttributeBorder(Ondex::Node* host, const QByteArray& name)
-    : Attribute(host, name),
-      m_sides{{{host, name + "-top"}, {host, name + "-right"}, {host, name + "-bottom"}, {host, name + "-left"}}},
-      m_widths(host, name + "-width",
+    : Attribute(host, name), m_sides{{{host, interned(name, "-top")},
+                                      {host, interned(name, "-right")},
+                                      {host, interned(name, "-bottom")},
+                                      {host, interned(name, "-left")}}},
+      m_widths(host, interned(name, "-width"),
                {&m_sides[0].m_width, &m_sides[1].m_width, &m_sides[2].m_width, &m_sides[3].m_width}),
-      m_styles(host, name + "-style",
+      m_styles(host, interned(name, "-style"),
                {&m_sides[0].m_style, &m_sides[1].m_style, &m_sides[2].m_style, &m_sides[3].m_style}),
-      m_colors(host, name + "-color",
+      m_colors(host, interned(name, "-color"),
                {&m_sides[0].m_color, &m_sides[1].m_color, &m_sides[2].m_color, &m_sides[3].m_color}) {
     setSerializable(false);
-    for (AttributeBorderSingle& side : m_sides) {
-        side.setOwnerShorthand(this);
-        side.addListener([this] { sideChanged(); }, changeRole);
-    }
+    for (AttributeBorderSingle& side : m_sides)
+        side.setBorder(*this);
     for (AttributeBorderProperty* property : {&m_widths, &m_styles, &m_colors})
         property->setOwnerShorthand(this);
 }

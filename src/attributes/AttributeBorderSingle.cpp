@@ -1,4 +1,5 @@
 #include "Brisko/AttributeBorder.h"
+#include "Gorvel/Name.h"
 #include "Gorvel/Trace.h"
 #include "attributes/Keywords.h"
 #include "attributes/ShorthandWriter.h"
@@ -7,13 +8,13 @@ namespace Brisko {
 
 using Gorvel::Color;
 using Gorvel::ColorPMA;
+using Gorvel::interned;
 using Gorvel::Trace;
 using Ondex::Attribute;
 using Ondex::StyleValue;
 
 namespace {
 
-constexpr int changeRole = 2;
 constexpr float mediumWidth = 3.f; // pixels
 
 constexpr Keyword<float> widths[] = {{"thin", 1.f}, {"medium", mediumWidth}, {"thick", 5.f}};
@@ -24,9 +25,19 @@ constexpr Keyword<Border::Style> styles[] = {{"none", Border::None}, {"solid", B
 constexpr Keyword<int> unpaintedStyles[] = {{"hidden", 0}, {"dashed", 0}, {"double", 0}, {"groove", 0},
                                             {"ridge", 0},  {"inset", 0},  {"outset", 0}};
 
-const ColorPMA defaultColor(1.f, 1.f, 1.f, 1.f);
-
 using Longhand = Ondex::AttributeT<StyleValue>;
+
+/// The default values of all sides of all borders.
+struct Defaults {
+    Ondex::DefaultValue<StyleValue> width{StyleValue(QByteArrayLiteral("medium"))};
+    Ondex::DefaultValue<StyleValue> style{StyleValue(QByteArrayLiteral("none"))};
+    Ondex::DefaultValue<ColorPMA> color{ColorPMA(1.f, 1.f, 1.f, 1.f)};
+};
+
+const Defaults& defaults() {
+    static const Defaults values;
+    return values;
+}
 
 QByteArray textOf(const Longhand& longhand) {
     return longhand.value().stringify().toUtf8();
@@ -76,18 +87,21 @@ bool isColor(const StyleValue::Component& component) {
 } // namespace
 
 AttributeBorderSingle::AttributeBorderSingle(Ondex::Node* host, const QByteArray& name)
-    : Attribute(host, name), m_width(host, name + "-width", StyleValue(QByteArray("medium"))),
-      m_style(host, name + "-style", StyleValue(QByteArray("none"))), m_color(host, name + "-color", defaultColor) {
+    : Attribute(host, name), m_width(host, interned(name, "-width"), defaults().width),
+      m_style(host, interned(name, "-style"), defaults().style),
+      m_color(host, interned(name, "-color"), defaults().color) {
     setSerializable(false);
-    for (Attribute* longhand :
-         {static_cast<Attribute*>(&m_width), static_cast<Attribute*>(&m_style), static_cast<Attribute*>(&m_color)})
-        longhand->setOwnerShorthand(this);
-    m_width.addListener([this] { update(Width); }, changeRole);
-    m_style.addListener([this] { update(Style); }, changeRole);
-    m_color.addListener([this] { update(Color); }, changeRole);
+    m_width.setCompound(*this);
+    m_style.setCompound(*this);
+    m_color.setCompound(*this);
 }
 
 AttributeBorderSingle::~AttributeBorderSingle() = default;
+
+const Border& AttributeBorderSingle::border() const {
+    static const Border none;
+    return m_border ? *m_border : none;
+}
 
 bool AttributeBorderSingle::handleShorthand(const StyleValue& value, Gorvel::ArrayMap<Attribute*, StyleValue>& parts) {
     StyleValue width, style, color;
@@ -107,17 +121,32 @@ bool AttributeBorderSingle::handleShorthand(const StyleValue& value, Gorvel::Arr
     return true;
 }
 
+/// Has @p border follow this side.
+void AttributeBorderSingle::setBorder(AttributeBorder& border) {
+    setFollower(border, borderFollower());
+}
+
+void AttributeBorderSingle::emitChange() {
+    emitChangeTo(borderFollower());
+}
+
+Attribute::Follower AttributeBorderSingle::borderFollower() {
+    return {[](Attribute& border, Attribute&) { static_cast<AttributeBorder&>(border).sideChanged(); }, LonghandRole};
+}
+
 /// Takes the longhands over into the border. Only the one that changed is reported, so that nothing is said twice.
-void AttributeBorderSingle::update(Longhand changed) {
+void AttributeBorderSingle::longhandChanged(Attribute& longhand) {
     const auto quietly = [](bool isQuiet, const auto& read) {
         if (!isQuiet)
             return read();
         const Trace::Muted muted;
         return read();
     };
-    const float width = quietly(changed != Width, [this] { return reportedWidth(m_width); });
-    const Border::Style style = quietly(changed != Style, [this] { return reportedStyle(m_style); });
-    m_border = Border(width, style, m_color.value());
+    const float width = quietly(&longhand != &m_width, [this] { return reportedWidth(m_width); });
+    const Border::Style style = quietly(&longhand != &m_style, [this] { return reportedStyle(m_style); });
+    if (!m_border)
+        m_border = std::make_unique<Border>();
+    *m_border = Border(width, style, m_color.value());
     emitChange();
 }
 

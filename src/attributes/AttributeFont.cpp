@@ -3,7 +3,7 @@
 #include "Gorvel/Trace.h"
 #include "Hexley/TextLayout.h"
 #include "Ondex/ArchiveElement.h"
-#include "Ondex/AttributeT.h"
+#include "Ondex/Longhand.h"
 #include "attributes/FontKeywords.h"
 #include "attributes/FontShorthand.h"
 
@@ -21,7 +21,6 @@ using Ondex::StyleValue;
 
 namespace {
 
-constexpr int changeRole = 2;
 constexpr float fallbackSize = 16.f; // pixels
 constexpr int normalWeight = 400;
 
@@ -127,53 +126,83 @@ QString familyText(const QStringList& families) {
     return reached.join(QStringLiteral(", "));
 }
 
+/// The default values of all fonts.
+struct Defaults {
+    Ondex::DefaultValue<StyleValue> weight{StyleValue(QByteArrayLiteral("normal"))};
+    Ondex::DefaultValue<StyleValue> size{StyleValue(QByteArrayLiteral("medium"))};
+    Ondex::DefaultValue<StyleValue> lineHeight{StyleValue(QByteArrayLiteral("normal"))};
+};
+
+const Defaults& defaults() {
+    static const Defaults values;
+    return values;
+}
+
 } // namespace
 
 class AttributeFont::Private {
 public:
-    Private(AttributeFont* owner, Ondex::Node* host);
+    template <typename T>
+    using Longhand = Ondex::Longhand<T, AttributeFont>;
+
+    explicit Private(Ondex::Node* host);
 
     FontShorthand::Longhands longhands() { return {&family, &style, &variant, &weight, &size, &stretch, &lineHeight}; }
-    void updateSize();
+    void follow(AttributeFont& owner);
+    void update(const Attribute& changed);
 
-    AttributeT<QStringList> family;
-    AttributeT<FontStyle> style;
-    AttributeT<FontVariant> variant;
-    AttributeT<StyleValue> weight;
-    AttributeT<FontKerning> kerning;
-    AttributeT<StyleValue> size;
-    AttributeT<FontStretch> stretch;
+    Longhand<QStringList> family;
+    Longhand<FontStyle> style;
+    Longhand<FontVariant> variant;
+    Longhand<StyleValue> weight;
+    Longhand<FontKerning> kerning;
+    Longhand<StyleValue> size;
+    Longhand<FontStretch> stretch;
     AttributeT<StyleValue> lineHeight;
     QFont cache;
 
 private:
     void setWords();
-    template <typename Update>
-    void follow(Attribute& longhand, Update update);
-
-    AttributeFont* m_owner;
+    void updateSize();
 };
 
-AttributeFont::Private::Private(AttributeFont* owner, Ondex::Node* host)
-    : family(host, "font-family"), style(host, "font-style", FontStyle::Normal),
-      variant(host, "font-variant", FontVariant::Normal), weight(host, "font-weight", StyleValue(QByteArray("normal"))),
-      kerning(host, "font-kerning", FontKerning::Auto), size(host, "font-size", StyleValue(QByteArray("medium"))),
-      stretch(host, "font-stretch", FontStretch::Normal),
-      lineHeight(host, "line-height", StyleValue(QByteArray("normal"))), m_owner(owner) {
+AttributeFont::Private::Private(Ondex::Node* host)
+    : family(host, QByteArrayLiteral("font-family")), style(host, QByteArrayLiteral("font-style"), FontStyle::Normal),
+      variant(host, QByteArrayLiteral("font-variant"), FontVariant::Normal),
+      weight(host, QByteArrayLiteral("font-weight"), defaults().weight),
+      kerning(host, QByteArrayLiteral("font-kerning"), FontKerning::Auto),
+      size(host, QByteArrayLiteral("font-size"), defaults().size),
+      stretch(host, QByteArrayLiteral("font-stretch"), FontStretch::Normal),
+      lineHeight(host, QByteArrayLiteral("line-height"), defaults().lineHeight) {
     setWords();
-    follow(family, [this] { cache.setFamily(familyText(family.value())); });
-    follow(style,
-           [this] { cache.setStyle(style.value() == FontStyle::Italic ? QFont::StyleItalic : QFont::StyleNormal); });
-    follow(variant, [this] {
-        cache.setCapitalization(variant.value() == FontVariant::SmallCaps ? QFont::SmallCaps : QFont::MixedCase);
-    });
-    follow(weight, [this] { cache.setWeight(qtWeight(cssWeight(weight))); });
-    follow(kerning, [this] { cache.setKerning(kerning.value() != FontKerning::None); });
-    follow(size, [this] { updateSize(); });
+}
+
+/// Makes @p owner the owner of the longhands and has it keep the QFont in step with them, which begins with the size.
+void AttributeFont::Private::follow(AttributeFont& owner) {
+    const auto setCompound = [&owner](auto&... longhands) { (longhands.setCompound(owner), ...); };
+    setCompound(family, style, variant, weight, kerning, size);
     updateSize();
-    m_owner->emitChange();
-    follow(stretch, [this] { cache.setStretch(int(stretch.value())); });
-    lineHeight.setOwnerShorthand(m_owner);
+    owner.emitChange();
+    setCompound(stretch);
+    lineHeight.setOwnerShorthand(&owner);
+}
+
+/// Takes the longhand that changed over into the QFont.
+void AttributeFont::Private::update(const Attribute& changed) {
+    if (&changed == &family)
+        cache.setFamily(familyText(family.value()));
+    else if (&changed == &style)
+        cache.setStyle(style.value() == FontStyle::Italic ? QFont::StyleItalic : QFont::StyleNormal);
+    else if (&changed == &variant)
+        cache.setCapitalization(variant.value() == FontVariant::SmallCaps ? QFont::SmallCaps : QFont::MixedCase);
+    else if (&changed == &weight)
+        cache.setWeight(qtWeight(cssWeight(weight)));
+    else if (&changed == &kerning)
+        cache.setKerning(kerning.value() != FontKerning::None);
+    else if (&changed == &size)
+        updateSize();
+    else
+        cache.setStretch(int(stretch.value()));
 }
 
 void AttributeFont::Private::setWords() {
@@ -194,22 +223,17 @@ void AttributeFont::Private::updateSize() {
         cache.setPointSizeF(qreal(points));
 }
 
-/// Makes the font the owner of a longhand and keeps the QFont in step with it.
-template <typename Update>
-void AttributeFont::Private::follow(Attribute& longhand, Update update) {
-    longhand.setOwnerShorthand(m_owner);
-    longhand.addListener(
-        [this, update] {
-            update();
-            m_owner->emitChange();
-        },
-        changeRole);
+AttributeFont::AttributeFont(Ondex::Node* host, const QByteArray& name)
+    : Attribute(host, name), d(std::make_unique<Private>(host)) {
+    d->follow(*this);
 }
 
-AttributeFont::AttributeFont(Ondex::Node* host, const QByteArray& name)
-    : Attribute(host, name), d(std::make_unique<Private>(this, host)) {}
-
 AttributeFont::~AttributeFont() = default;
+
+void AttributeFont::longhandChanged(Attribute& longhand) {
+    d->update(longhand);
+    emitChange();
+}
 
 bool AttributeFont::handleShorthand(const StyleValue& value, Gorvel::ArrayMap<Attribute*, StyleValue>& parts) {
     if (!FontShorthand(name(), d->longhands(), parts).read(value))

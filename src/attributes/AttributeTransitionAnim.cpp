@@ -1,15 +1,15 @@
 #include "Brisko/AttributeTransitionAnim.h"
 
+#include "Gorvel/Name.h"
 #include "Gorvel/Trace.h"
 
 namespace Brisko {
 
+using Gorvel::interned;
 using Ondex::Attribute;
 using Ondex::StyleValue;
 
 namespace {
-
-constexpr int changeRole = 2;
 
 /// One item of the shorthand, read from left to right.
 struct Item {
@@ -60,12 +60,10 @@ float cyclic(const std::vector<float>& values, std::size_t i) {
 } // namespace
 
 AttributeTransitionAnim::AttributeTransitionAnim(Ondex::Node* host, const QByteArray& name)
-    : Attribute(host, name), m_property(host, name + "-property"), m_duration(host, name + "-duration"),
-      m_delay(host, name + "-delay"), m_node(host) {
-    for (auto* longhand : {&m_property, &m_duration, &m_delay}) {
-        longhand->setOwnerShorthand(this);
-        longhand->addListener([this] { update(); }, changeRole);
-    }
+    : Attribute(host, name), m_property(host, interned(name, "-property")),
+      m_duration(host, interned(name, "-duration")), m_delay(host, interned(name, "-delay")), m_node(host) {
+    for (Longhand* longhand : {&m_property, &m_duration, &m_delay})
+        longhand->setCompound(*this);
 }
 
 AttributeTransitionAnim::~AttributeTransitionAnim() = default;
@@ -93,21 +91,27 @@ bool AttributeTransitionAnim::deserialize(const Ondex::ArchiveElement&) {
     return false;
 }
 
-void AttributeTransitionAnim::update() {
+/// Arms the attributes that are listed now and disarms those that no longer are.
+void AttributeTransitionAnim::longhandChanged(Attribute&) {
     const std::vector<float> durations = secondsOf(m_duration.value());
     const std::vector<float> delays = secondsOf(m_delay.value());
-    std::set<QByteArray> noLonger = std::move(m_armed);
-    m_armed.clear();
+    std::set<QByteArray> noLonger;
+    if (m_armed)
+        noLonger.swap(*m_armed);
     const QList<StyleValue> properties = m_property.value().split(StyleValue::SEPARATOR_COMMA);
     for (int i = 0; i < properties.size(); ++i) {
         const QByteArray name = properties[i].asKeyword(0);
         noLonger.erase(name);
-        m_armed.insert(name);
+        if (!m_armed)
+            m_armed = std::make_unique<std::set<QByteArray>>();
+        m_armed->insert(name);
         if (Attribute* attribute = m_node->attribute(name))
             attribute->setTransitionAnim(cyclic(durations, std::size_t(i)), cyclic(delays, std::size_t(i)));
         else
             Gorvel::Trace::warning("AttributeTransitionAnim # Couldn't find attribute '%s'", name.constData());
     }
+    if (m_armed && m_armed->empty())
+        m_armed.reset();
     for (const QByteArray& name : noLonger) {
         if (Attribute* attribute = m_node->attribute(name))
             attribute->setTransitionAnim(0.f, 0.f);

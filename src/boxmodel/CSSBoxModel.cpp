@@ -19,19 +19,37 @@ ColorPMA premultiplied(float red, float green, float blue, float alpha) {
     return {red * alpha, green * alpha, blue * alpha, alpha};
 }
 
-QList<QByteArray> sidesOf(const QByteArray& name) {
-    return {name + "-top", name + "-right", name + "-bottom", name + "-left"};
+/// The names of the components of the tuples, those of all nodes.
+struct ComponentNames {
+    using Names = QList<QByteArray>;
+    Names location = {"x", "y"};
+    Names size = {"width", "height"};
+    Names padding = {"padding-top", "padding-right", "padding-bottom", "padding-left"};
+    Names margin = {"margin-top", "margin-right", "margin-bottom", "margin-left"};
+};
+
+const ComponentNames& componentNames() {
+    static const ComponentNames names;
+    return names;
 }
 
 } // namespace
 
 CSSBoxModel::CSSBoxModel()
-    : Styleable("Styleable"), m_location(this, "location", {"x", "y"}),
-      m_size(this, "size", {"width", "height"}, Size(100.f, 100.f)), m_padding(this, "padding", sidesOf("padding")),
-      m_margin(this, "margin", sidesOf("margin")), m_background(this, "background"), m_border(this, "border") {}
+    : Styleable("Styleable"), m_location(withRoomForAll(), "location", componentNames().location),
+      m_size(this, "size", componentNames().size, Size(100.f, 100.f)),
+      m_padding(this, "padding", componentNames().padding), m_margin(this, "margin", componentNames().margin),
+      m_background(this, "background"), m_border(this, "border") {}
 
 CSSBoxModel::~CSSBoxModel() {
     leaveHost();
+}
+
+/// This node, with room for the attributes that its members are about to add.
+Ondex::Node* CSSBoxModel::withRoomForAll() {
+    constexpr int count = 50;
+    reserveAttributes(count);
+    return this;
 }
 
 CSSBoxModel::Rect CSSBoxModel::contentBox() const {

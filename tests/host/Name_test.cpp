@@ -112,3 +112,31 @@ TEST(Name, CanBeAskedForWhileAThreadEnds) {
     EXPECT_EQ(answer, "asked for at the end");
     EXPECT_EQ(interned("asked for at the end").constData(), answer.constData());
 }
+
+TEST(Name, IsMadeOfANameAndASuffix) {
+    const QByteArray name = interned("border-top", "-width");
+    EXPECT_EQ(name, "border-top-width");
+    EXPECT_EQ(name.constData(), interned("border-top-width").constData());
+    EXPECT_EQ(interned("border-top", "-width").constData(), name.constData());
+    EXPECT_EQ(interned("", ""), "");
+    EXPECT_EQ(interned("border", ""), "border");
+    EXPECT_EQ(interned("", "border").constData(), interned("border").constData());
+    const QByteArray longName(200, 'n');
+    EXPECT_EQ(interned(longName, "-width"), longName + "-width");
+}
+
+TEST(Name, AddressIsThatOfTheName) {
+    EXPECT_EQ(Gorvel::internedAddress("no name of anything"), nullptr);
+    const QByteArray name = interned("the name of something");
+    EXPECT_EQ(Gorvel::internedAddress("the name of something"), name.constData());
+    EXPECT_EQ(Gorvel::internedAddress(name), name.constData());
+    EXPECT_EQ(Gorvel::internedAddress(QByteArray("")), interned(QByteArray()).constData());
+}
+
+TEST(Name, PartOfAnotherNameIsNotThatName) {
+    const QByteArray whole = interned("a name and more of it");
+    const QByteArray part = QByteArray::fromRawData(whole.constData(), 6);
+    EXPECT_EQ(Gorvel::internedAddress(part), nullptr);
+    EXPECT_EQ(interned(part), "a name");
+    EXPECT_NE(interned(part).constData(), whole.constData());
+}

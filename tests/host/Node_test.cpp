@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <map>
 #include <memory>
 #include <random>
 
@@ -272,6 +273,55 @@ TEST(Node, AgreesWithAPlainListUnderRandomUse) {
     }
 }
 
+TEST(Node, AgreesWithAMapOfManyNames) {
+    std::mt19937 random(3);
+    Node node(nullptr, "node");
+    std::map<QByteArray, Attribute*> expected;
+    for (int step = 0; step < 20000; ++step) {
+        const QByteArray name = "n" + QByteArray::number(static_cast<int>(random() % 400));
+        const auto found = expected.find(name);
+        if (found == expected.end()) {
+            expected[name] = random() % 2 ? new Attribute(&node, name) : new Node(&node, name);
+        } else if (random() % 3 == 0) {
+            found->second->setName("m" + name);
+            ASSERT_EQ(node.attribute("m" + name), found->second);
+            ASSERT_EQ(node.attribute(name), nullptr);
+            found->second->setName(name);
+        } else {
+            delete found->second;
+            expected.erase(found);
+        }
+        const QByteArray other = "n" + QByteArray::number(static_cast<int>(random() % 400));
+        ASSERT_EQ(node.attribute(other), expected.count(other) ? expected[other] : nullptr) << other.constData();
+    }
+}
+
+TEST(Node, FindsBySharedAndByOtherBytes) {
+    for (const int count : {4, 40}) {
+        Node node(nullptr, "node");
+        for (int i = 0; i < count; ++i)
+            new Attribute(&node, "name" + QByteArray::number(i));
+        auto* empty = new Attribute(&node, "");
+        Attribute* first = node.attributes().first();
+        EXPECT_EQ(node.attribute(first->name()), first);
+        EXPECT_EQ(node.attribute(QByteArray("name0")), first);
+        EXPECT_EQ(node.attribute(QByteArray::fromRawData(first->name().constData(), 4)), nullptr);
+        EXPECT_EQ(node.attribute("no such name"), nullptr);
+        EXPECT_EQ(node.attribute(QByteArray()), empty);
+        EXPECT_EQ(node.attribute(QByteArray("")), empty);
+    }
+}
+
+TEST(Node, DeletesArmedAttributes) {
+    bool isDeleted = false;
+    auto* node = new Node(nullptr, "node");
+    auto* attribute = new AttributeT<float>(node, "width");
+    attribute->setTransitionAnim(1.f, 0.f);
+    attribute->addListener([guard = std::shared_ptr<void>(nullptr, [&](void*) { isDeleted = true; })] {}, 0);
+    delete node;
+    EXPECT_TRUE(isDeleted);
+}
+
 TEST(Node, DeepTreeIsDeletedWithoutDeepRecursion) {
     int count = 0;
     auto root = std::make_unique<Node>(nullptr, "root");
@@ -371,6 +421,25 @@ TEST(NodeEvents, ReachEveryHandlerFromTheStartOfTheData) {
     data >> read;
     node.eventSend("ping", data);
     EXPECT_THAT(seen, ElementsAre(7, 7));
+}
+
+TEST(NodeEvents, AreThoseOfEachNodeAlone) {
+    Testing::TraceGuard trace;
+    Node first(nullptr, "first");
+    Node second(nullptr, "second");
+    first.eventAddOut("ping");
+    second.eventAddOut("ping");
+    int calls = 0;
+    first.eventAddIn("ping", [&calls](const Gorvel::BinaryData&) { ++calls; });
+    second.eventAddOut("pong");
+    Gorvel::BinaryData data;
+    second.eventSend("ping", data);
+    EXPECT_EQ(calls, 0);
+    first.eventSend("ping", data);
+    EXPECT_EQ(calls, 1);
+    first.eventSend("pong", data);
+    EXPECT_THAT(trace.takeWarnings(), ElementsAre("Node::eventSend # first # Event pong was not declared"));
+    second.eventSend("pong", data);
 }
 
 TEST(NodeEvents, UndeclaredOnesAreDroppedWithAWarning) {

@@ -14,12 +14,20 @@ namespace Gorvel {
 template <typename Key>
 constexpr bool KeepsInsertionOrder = std::is_pointer_v<Key>;
 
+/// The places of the items in the order of their keys, where the items themselves are not in that order.
+template <bool areKept>
+struct ArrayPlaces {};
+template <>
+struct ArrayPlaces<true> {
+    std::vector<int> m_places;
+};
+
 /// The array under ArrayMap and ArraySet: items in one block of memory, found by binary search over their keys.
 ///
 /// KeyOf has a static member `of(const Item&)` that answers the key of an item. Finding takes logarithmic time, adding
 /// and removing moves the items behind. Meant for the small containers of nodes and styles.
 template <typename Key, typename Item, typename KeyOf>
-class ArrayTable {
+class ArrayTable : private ArrayPlaces<KeepsInsertionOrder<Key>> {
 public:
     using Iterator = typename std::vector<Item>::iterator;
     using ConstIterator = typename std::vector<Item>::const_iterator;
@@ -38,7 +46,7 @@ public:
             return {placeOf(rank), false};
         if constexpr (KeepsInsertionOrder<Key>) {
             m_items.push_back(make());
-            m_places.insert(m_places.begin() + rank, size() - 1);
+            this->m_places.insert(this->m_places.begin() + rank, size() - 1);
             return {size() - 1, true};
         } else {
             m_items.insert(m_items.begin() + rank, make());
@@ -65,8 +73,8 @@ public:
         const int place = placeOf(rank);
         m_items.erase(m_items.begin() + place);
         if constexpr (KeepsInsertionOrder<Key>) {
-            m_places.erase(m_places.begin() + rank);
-            for (int& other : m_places)
+            this->m_places.erase(this->m_places.begin() + rank);
+            for (int& other : this->m_places)
                 other -= other > place ? 1 : 0;
         }
         return true;
@@ -75,7 +83,8 @@ public:
     int size() const { return static_cast<int>(m_items.size()); }
     void clear() {
         m_items.clear();
-        m_places.clear();
+        if constexpr (KeepsInsertionOrder<Key>)
+            this->m_places.clear();
     }
 
     Item& at(int place) { return m_items[static_cast<std::size_t>(place)]; }
@@ -91,7 +100,7 @@ public:
 private:
     int placeOf(int rank) const {
         if constexpr (KeepsInsertionOrder<Key>)
-            return m_places[static_cast<std::size_t>(rank)];
+            return this->m_places[static_cast<std::size_t>(rank)];
         else
             return rank;
     }
@@ -115,7 +124,6 @@ private:
     }
 
     std::vector<Item> m_items;
-    std::vector<int> m_places; // of the items in the order of their keys; empty where m_items is in that order
 };
 
 } // namespace Gorvel

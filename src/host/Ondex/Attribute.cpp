@@ -2,9 +2,11 @@
 
 #include "Gorvel/BinaryData.h"
 #include "Gorvel/Color.h"
+#include "Gorvel/Name.h"
 #include "Ondex/Archive.h"
 #include "Ondex/ArchiveElement.h"
 #include "Ondex/AttributeBaseT.h"
+#include "Ondex/AttributeExtra_p.h"
 #include "Ondex/Node.h"
 #include "Ondex/StyleValue.h"
 #include "Ondex/TransitionManager.h"
@@ -41,21 +43,47 @@ QString archivedText(const Attribute& attribute, bool& hasText, Attribute::Layer
 
 } // namespace
 
-/// Times and running transition of an attribute that is armed, or was when the transition began.
-struct Attribute::Transition {
-    float duration = 0.f;
-    float delay = 0.f;
-    std::unique_ptr<TransitionAnim> anim;
-};
-
-Attribute::Attribute(Node* host, const QByteArray& name) : m_host(nullptr), m_name(name) {
+Attribute::Attribute(Node* host, const QByteArray& name)
+    : m_isNode(false), m_hasExtra(false), m_isFollowed(false), m_name(Gorvel::interned(name)),
+      m_ownerShorthand(nullptr) {
     if (host)
         host->insert(this);
 }
 
 Attribute::~Attribute() {
     emitDelete();
-    releaseListeners();
+    if (m_hasExtra || m_isFollowed)
+        releaseListeners();
+    if (m_hasExtra)
+        delete m_extra;
+}
+
+Attribute* Attribute::ownerShorthand() const {
+    return m_hasExtra ? m_extra->ownerShorthand : m_ownerShorthand;
+}
+
+/// The compound attribute that follows this one goes on doing so.
+void Attribute::setOwnerShorthand(Attribute* shorthand) {
+    if (m_isFollowed && shorthand != ownerShorthand() && !extra().follower)
+        extra().follower = ownerShorthand();
+    (m_hasExtra ? m_extra->ownerShorthand : m_ownerShorthand) = shorthand;
+}
+
+Attribute::Extra& Attribute::extra() {
+    if (!m_hasExtra) {
+        m_extra = new Extra{m_ownerShorthand};
+        m_hasExtra = true;
+    }
+    return *m_extra;
+}
+
+void Attribute::dropEmptyExtra() {
+    if (!m_hasExtra || !m_extra->isEmpty())
+        return;
+    Attribute* shorthand = m_extra->ownerShorthand;
+    delete m_extra;
+    m_ownerShorthand = shorthand;
+    m_hasExtra = false;
 }
 
 void Attribute::serialize(Archive& archive) const {
@@ -155,15 +183,11 @@ void Attribute::setTransitionAnim(float duration, float delay) {
         duration = 0.f;
     if (std::isnan(delay))
         delay = 0.f;
-    if (!m_transition) {
-        if (duration == 0.f && delay == 0.f)
-            return;
-        m_transition = std::make_unique<Transition>();
-    }
-    m_transition->duration = duration;
-    m_transition->delay = delay;
-    if (!isTransitionArmed() && !m_transition->anim)
-        m_transition.reset();
+    if (!m_hasExtra && duration == 0.f && delay == 0.f)
+        return;
+    extra().transitionDuration = duration;
+    extra().transitionDelay = delay;
+    dropEmptyExtra();
 }
 
 void Attribute::emitDelete() {
@@ -175,16 +199,16 @@ void Attribute::setName(const QByteArray& name) {
     if (m_host) {
         m_host->rename(this, name);
     } else {
-        m_name = name;
+        m_name = Gorvel::interned(name);
     }
 }
 
 float Attribute::transitionDuration() const {
-    return m_transition ? m_transition->duration : 0.f;
+    return m_hasExtra ? m_extra->transitionDuration : 0.f;
 }
 
 float Attribute::transitionDelay() const {
-    return m_transition ? m_transition->delay : 0.f;
+    return m_hasExtra ? m_extra->transitionDelay : 0.f;
 }
 
 bool Attribute::isTransitionArmed() const {
@@ -192,25 +216,22 @@ bool Attribute::isTransitionArmed() const {
 }
 
 bool Attribute::changesRunAsTransitions() const {
-    return m_transition && std::max(m_transition->duration, 0.f) + m_transition->delay > 0.f;
+    return m_hasExtra && std::max(m_extra->transitionDuration, 0.f) + m_extra->transitionDelay > 0.f;
 }
 
 void Attribute::startTransition(std::unique_ptr<TransitionAnim> anim) {
-    if (!m_transition) {
-        if (!anim)
-            return;
-        m_transition = std::make_unique<Transition>();
-    }
-    m_transition->anim = std::move(anim);
-    if (m_transition->anim) {
-        TransitionManager::add(*m_transition->anim);
-    } else if (!isTransitionArmed()) {
-        m_transition.reset();
+    if (!m_hasExtra && !anim)
+        return;
+    extra().runningTransition = std::move(anim);
+    if (runningTransition()) {
+        TransitionManager::add(*runningTransition());
+    } else {
+        dropEmptyExtra();
     }
 }
 
 TransitionAnim* Attribute::runningTransition() const {
-    return m_transition ? m_transition->anim.get() : nullptr;
+    return m_hasExtra ? m_extra->runningTransition.get() : nullptr;
 }
 
 void Attribute::animatedValueSet(float progress) {
@@ -221,7 +242,7 @@ void Attribute::animatedValueSet(float progress) {
         return;
     }
     // Out of the attribute before the change is reported: a listener may start the next one, or delete the attribute.
-    const std::unique_ptr<TransitionAnim> anim = std::move(m_transition->anim);
+    const std::unique_ptr<TransitionAnim> anim = std::move(m_extra->runningTransition);
     anim->leaveManager();
     startTransition(nullptr);
     anim->end();

@@ -2,6 +2,7 @@
 
 #include "Gorvel/ArrayMap.h"
 #include "Gorvel/HostExport.h"
+#include "Ondex/LayerSet.h"
 #include "Ondex/Serializable.h"
 #include "Pemmit/Vector.h"
 
@@ -107,8 +108,8 @@ public:
     void setName(const QByteArray& name);
 
     /// The compound attribute that this longhand belongs to and that deletes it; null for all others.
-    Attribute* ownerShorthand() const { return m_ownerShorthand; }
-    void setOwnerShorthand(Attribute* shorthand) { m_ownerShorthand = shorthand; }
+    Attribute* ownerShorthand() const;
+    void setOwnerShorthand(Attribute* shorthand);
 
     /// Has @p callback called at every change. @return an id for removeListener().
     /// A callback may add and remove listeners, set values, and delete attributes, even the one that calls it.
@@ -137,24 +138,46 @@ protected:
     /// Whether a change has to run as a transition: it is armed for a time longer than none.
     bool changesRunAsTransitions() const;
 
+    /// What a class of compound attributes does when one of its longhands changes: a listener that takes no memory of
+    /// the longhand.
+    struct Follower {
+        void (*changed)(Attribute& compound, Attribute& longhand);
+        int role;
+    };
+    /// Makes @p compound the owner of this longhand and its first listener. For classes whose emitChange() calls
+    /// emitChangeTo() with the same follower.
+    void setFollower(Attribute& compound, const Follower& follower);
+    /// Does what emitChange() does, with @p follower in its turn, if setFollower() was called.
+    void emitChangeTo(const Follower& follower);
+
+    LayerSet m_layers; // those above the default layer that hold a value, for the classes that store values
+
 private:
     friend class Node;
     struct Listener;
     class Emission;
-    struct Transition;
+    struct Extra;
+    class FollowerTurn;
+    Listener* lastListener() const;
+    Extra& extra();
+    void dropEmptyExtra();
     bool isEmitting() const;
+    void callListeners(FollowerTurn& turn);
     void unlinkListener(Listener* previous, Listener* listener);
     void sweepListeners();
     void releaseListeners();
     static void freeListeners(Listener* last);
 
-    bool m_isNode = false; // set by Node, whose children are deleted one after another instead of nested
+    bool m_isNode : 1;     // set by Node, whose children are deleted one after another instead of nested
+    bool m_hasExtra : 1;   // which member of the union is the live one
+    bool m_isFollowed : 1; // by its compound attribute, without a listener
     int m_slot = -1;       // place in the host's list of attributes; below -1: in the queue of nodes to delete
-    Node* m_host;
-    QByteArray m_name;
-    Attribute* m_ownerShorthand = nullptr;
-    Listener* m_lastListener = nullptr;       // a ring in order of role; its next one is the first
-    std::unique_ptr<Transition> m_transition; // armed times and the running one; few attributes have any
+    Node* m_host = nullptr;
+    QByteArray m_name; // interned
+    union {
+        Attribute* m_ownerShorthand;
+        Extra* m_extra; // what few attributes have, and the owner
+    };
 };
 
 Q_DECLARE_OPERATORS_FOR_FLAGS(Attribute::SerializationOptions)

@@ -2,9 +2,10 @@
 
 #include "Ondex/Attribute.h"
 #include "Ondex/AttributeValue.h"
+#include "Ondex/DefaultValue.h"
 #include "Ondex/TransitionAnim.h"
+#include "Ondex/UpperValues.h"
 
-#include <algorithm>
 #include <memory>
 #include <utility>
 
@@ -12,42 +13,42 @@ namespace Ondex {
 
 /// An attribute that stores a value of type T per layer. AttributeT adds the conversions from other types.
 ///
-/// The value of the default layer lies in place; the others are allocated as they are set. A write reports a change
-/// only where the effective value becomes another one. While a transition runs, the layers below show through it: what
-/// it runs to is the value of the highest of them.
+/// A write reports a change only where the effective value becomes another one. While a transition runs, the layers
+/// below show through it: what it runs to is the value of the highest of them.
 template <typename T>
 class BRISKO_HOST_EXPORT AttributeBaseT : public Attribute {
 public:
     AttributeBaseT(Node* host, const QByteArray& name, T defaultValue = T())
         : Attribute(host, name), m_default(std::move(defaultValue)) {}
-    ~AttributeBaseT() override { startTransition(nullptr); } // while there is a value that it could move
+    /// Makes an attribute that shares its default value with others.
+    AttributeBaseT(Node* host, const QByteArray& name, const DefaultValue<T>& defaultValue)
+        : Attribute(host, name), m_default(defaultValue) {}
+    ~AttributeBaseT() override {
+        startTransition(nullptr); // while there is a value that it could move
+        m_upper.clear(m_layers);
+    }
 
     /// The effective value; valid until the next write.
-    const T& value() const { return m_top ? m_top->value : m_default; }
+    const T& value() const { return m_layers.isEmpty() ? m_default.value() : m_upper.top(m_layers); }
     operator const T&() const { return value(); }
-    const T& defaultValue() const { return m_default; }
+    const T& defaultValue() const { return m_default.value(); }
     /// The value of @p layer, null where it holds none.
     const T* valueOnLayer(Layer layer) const;
     /// Sets the value of @p layer. @return false for a layer that does not exist, as the effective one
     bool setValue(const T& value, Layer layer);
 
     bool isValueDefinedOnLayer(Layer layer) const override { return valueOnLayer(layer) != nullptr; }
-    bool isChanged() const override { return m_top != nullptr; }
+    bool isChanged() const override { return !m_layers.isEmpty(); }
     void clearValue(Layer layer) override;
     void copyValueFromLayer(Layer from, Layer to) override;
     /// Ends a running transition first.
     void setAsDefaults() override;
 
 private:
-    struct Upper {
-        T value;
-        Layer layer;
-        std::unique_ptr<Upper> next; // the next lower one
-    };
     class Anim;
 
-    const Upper* base() const { return m_top && m_top->layer == AnimationLayer ? m_top->next.get() : m_top.get(); }
-    const T& valueOf(const Upper* upper) const { return upper ? upper->value : m_default; }
+    /// The value of the default layer, or of one that holds a value.
+    const T& at(Layer layer) const { return layer == DefaultLayer ? m_default.value() : m_upper.at(m_layers, layer); }
     void store(const T& value, Layer layer);
     void drop(Layer layer);
     void write(const T* value, Layer layer);
@@ -57,8 +58,8 @@ private:
     void show(const T& value);
     void leaveAnimationLayer();
 
-    T m_default;
-    std::unique_ptr<Upper> m_top; // layers above the default one, highest first
+    DefaultValue<T> m_default;
+    UpperValues<T> m_upper; // those of m_layers
 };
 
 /// Runs a value in a straight line on the animation layer.
@@ -86,13 +87,7 @@ template <typename T>
 const T* AttributeBaseT<T>::valueOnLayer(Layer layer) const {
     if (layer == EffectiveLayer)
         return &value();
-    if (layer == DefaultLayer)
-        return &m_default;
-    for (const Upper* upper = m_top.get(); upper; upper = upper->next.get()) {
-        if (upper->layer == layer)
-            return &upper->value;
-    }
-    return nullptr;
+    return layer == DefaultLayer || m_layers.contains(layer) ? &at(layer) : nullptr;
 }
 
 template <typename T>
@@ -113,7 +108,7 @@ bool AttributeBaseT<T>::setValue(const T& value, Layer layer) {
 
 template <typename T>
 void AttributeBaseT<T>::clearValue(Layer layer) {
-    if (layer <= DefaultLayer || !valueOnLayer(layer))
+    if (!m_layers.contains(layer))
         return;
     if (layer == AnimationLayer) {
         startTransition(nullptr);
@@ -141,36 +136,27 @@ void AttributeBaseT<T>::setAsDefaults() {
         startTransition(nullptr);
         drop(AnimationLayer);
     }
-    m_default = T(value());
-    m_top.reset();
-    if (!Value::equal(shown, m_default))
+    m_default.set(T(value()));
+    m_upper.clear(m_layers);
+    if (!Value::equal(shown, defaultValue()))
         emitChange();
 }
 
 template <typename T>
 void AttributeBaseT<T>::store(const T& value, Layer layer) {
     if (layer == DefaultLayer) {
-        m_default = value;
-        return;
-    }
-    std::unique_ptr<Upper>* place = &m_top;
-    while (*place && (*place)->layer > layer)
-        place = &(*place)->next;
-    if (*place && (*place)->layer == layer) {
-        (*place)->value = value;
+        m_default.set(value);
+    } else if (m_layers.contains(layer)) {
+        m_upper.at(m_layers, layer) = value;
     } else {
-        std::unique_ptr<Upper> upper(new Upper{value, layer, std::move(*place)});
-        *place = std::move(upper);
+        m_upper.insert(m_layers, layer, value);
     }
 }
 
 template <typename T>
 void AttributeBaseT<T>::drop(Layer layer) {
-    std::unique_ptr<Upper>* place = &m_top;
-    while (*place && (*place)->layer > layer)
-        place = &(*place)->next;
-    if (*place && (*place)->layer == layer)
-        *place = std::move((*place)->next);
+    if (m_layers.contains(layer))
+        m_upper.remove(m_layers, layer);
 }
 
 /// Stores a value, or drops the layer where @p value is null.
@@ -186,14 +172,13 @@ void AttributeBaseT<T>::write(const T* value, Layer layer) {
 /// Writes a layer below the animation layer and reports what changes by it.
 template <typename T>
 void AttributeBaseT<T>::changeBase(const T* value, Layer layer) {
-    const Upper* top = base();
-    const Layer topLayer = top ? top->layer : DefaultLayer;
+    const Layer topLayer = m_layers.highestBelow(AnimationLayer);
     const T* next = value;
     if (!next)
-        next = layer == topLayer ? &valueOf(top->next.get()) : &valueOf(top);
-    if (layer < topLayer || Value::equal(valueOf(top), *next)) {
+        next = &at(layer == topLayer ? m_layers.highestBelow(topLayer) : topLayer);
+    if (layer < topLayer || Value::equal(at(topLayer), *next)) {
         write(value, layer);
-    } else if (changesRunAsTransitions() || valueOnLayer(AnimationLayer)) {
+    } else if (changesRunAsTransitions() || m_layers.contains(AnimationLayer)) {
         changeAnimated(value, layer);
     } else {
         write(value, layer);
@@ -203,7 +188,7 @@ void AttributeBaseT<T>::changeBase(const T* value, Layer layer) {
 
 template <typename T>
 void AttributeBaseT<T>::changeAnimated(const T* value, Layer layer) {
-    const bool isHeld = valueOnLayer(AnimationLayer) && !runningTransition(); // set by hand: covers what changes
+    const bool isHeld = m_layers.contains(AnimationLayer) && !runningTransition(); // set by hand: covers what changes
     const T shown = this->value();
     write(value, layer);
     if (isHeld || runTransition(shown))
@@ -219,7 +204,7 @@ void AttributeBaseT<T>::changeAnimated(const T* value, Layer layer) {
 template <typename T>
 bool AttributeBaseT<T>::runTransition(const T& shown) {
     if constexpr (Value::isAnimatable<T>) {
-        const T& target = valueOf(base());
+        const T target = at(m_layers.highestBelow(AnimationLayer));
         T first = shown;
         if (!changesRunAsTransitions() || Value::equal(shown, target) || !Value::interpolate(shown, target, 0.f, first))
             return false;

@@ -191,9 +191,12 @@ bool fromText(const QString& text, StyleValue& result) {
 }
 
 bool fromStyleValue(const StyleValue& value, float& result) {
-    if (!singleNumber(value))
+    if (value.size() != 1)
         return false;
-    result = value.asFloat(0);
+    const StyleValue::Component& component = value[0];
+    if (!component.isNumber() && !component.canConvert(StyleValue::TYPE_FLOAT))
+        return false;
+    result = component.asFloat();
     return true;
 }
 

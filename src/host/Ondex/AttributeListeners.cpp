@@ -1,6 +1,7 @@
 #include "Ondex/Attribute.h"
 
 #include "Gorvel/Trace.h"
+#include "Ondex/AttributeExtra_p.h"
 
 #include <atomic>
 #include <utility>
@@ -81,15 +82,59 @@ private:
 
 thread_local Attribute::Emission* Attribute::Emission::s_innermost = nullptr;
 
+/// The compound attribute that follows an emission, until its turn has come.
+class Attribute::FollowerTurn {
+public:
+    FollowerTurn(Attribute& longhand, const Follower* follower)
+        : m_longhand(longhand), m_follower(longhand.m_isFollowed ? follower : nullptr) {}
+
+    bool isDue() const { return m_follower; }
+    /// Whether it has to be called before listeners of @p role: it was there before all others of its role.
+    bool isDueBefore(int role) const { return m_follower && m_follower->role <= role; }
+    void call() {
+        const Follower* follower = std::exchange(m_follower, nullptr);
+        const bool hasOtherOwner = m_longhand.m_hasExtra && m_longhand.m_extra->follower;
+        follower->changed(hasOtherOwner ? *m_longhand.m_extra->follower : *m_longhand.ownerShorthand(), m_longhand);
+    }
+
+private:
+    Attribute& m_longhand;
+    const Follower* m_follower;
+};
+
+Attribute::Listener* Attribute::lastListener() const {
+    return m_hasExtra ? m_extra->lastListener : nullptr;
+}
+
 void Attribute::releaseListeners() {
-    Listener* listeners = std::exchange(m_lastListener, nullptr);
-    if (listeners && !Emission::abandon(this, listeners))
+    Listener* listeners = m_hasExtra ? std::exchange(m_extra->lastListener, nullptr) : nullptr;
+    if (!Emission::abandon(this, listeners))
         freeListeners(listeners);
 }
 
+void Attribute::setFollower(Attribute& compound, const Follower& follower) {
+    setOwnerShorthand(&compound);
+    if (lastListener()) { // some that were added before must be called before
+        addListener([this, &compound, follower] { follower.changed(compound, *this); }, follower.role);
+    } else {
+        m_isFollowed = true;
+    }
+}
+
 void Attribute::emitChange() {
-    if (!m_lastListener)
+    if (!lastListener())
         return;
+    FollowerTurn nobody(*this, nullptr);
+    callListeners(nobody);
+}
+
+void Attribute::emitChangeTo(const Follower& follower) {
+    FollowerTurn turn(*this, &follower);
+    if (lastListener() || turn.isDue())
+        callListeners(turn);
+}
+
+void Attribute::callListeners(FollowerTurn& turn) {
     if (Emission::depth() >= MaximumEmissionDepth) {
         Gorvel::Trace::error("Attribute::emitChange # %s # Listeners change values more than %d deep",
                              m_name.constData(), MaximumEmissionDepth);
@@ -97,27 +142,37 @@ void Attribute::emitChange() {
     }
     const Emission emission(this);
     const long newest = lastListenerId;
-    Listener* listener = m_lastListener;
-    do {
-        listener = listener->next;
+    Listener* listener = lastListener();
+    bool isLast = !listener;
+    while (emission.attribute() && !isLast) {
+        Listener* next = listener->next;
+        if (turn.isDueBefore(next->role)) {
+            turn.call();
+            continue;
+        }
+        listener = next;
         if (!listener->isRemoved && listener->id <= newest)
             listener->callback();
-    } while (emission.attribute() && listener != m_lastListener);
+        isLast = emission.attribute() && listener == lastListener();
+    }
+    if (emission.attribute() && turn.isDue())
+        turn.call();
 }
 
 long Attribute::addListener(std::function<void()> callback, int role) {
     if (!callback)
         return 0;
     auto* listener = new Listener{std::move(callback), nullptr, ++lastListenerId, role, false};
-    if (!m_lastListener) {
+    Listener*& last = extra().lastListener;
+    if (!last) {
         listener->next = listener;
-        m_lastListener = listener;
-    } else if (m_lastListener->role <= role) {
-        listener->next = m_lastListener->next;
-        m_lastListener->next = listener;
-        m_lastListener = listener;
+        last = listener;
+    } else if (last->role <= role) {
+        listener->next = last->next;
+        last->next = listener;
+        last = listener;
     } else {
-        Listener* previous = m_lastListener;
+        Listener* previous = last;
         while (previous->next->role <= role)
             previous = previous->next;
         listener->next = previous->next;
@@ -127,12 +182,13 @@ long Attribute::addListener(std::function<void()> callback, int role) {
 }
 
 void Attribute::removeListener(long id) {
-    if (!m_lastListener)
+    Listener* const last = lastListener();
+    if (!last)
         return;
-    Listener* previous = m_lastListener;
+    Listener* previous = last;
     while (previous->next->id != id) {
         previous = previous->next;
-        if (previous == m_lastListener)
+        if (previous == last)
             return;
     }
     if (isEmitting()) {
@@ -154,17 +210,18 @@ bool Attribute::isEmitting() const {
 /// Takes @p listener, the one after @p previous, out of the ring and deletes it.
 void Attribute::unlinkListener(Listener* previous, Listener* listener) {
     previous->next = listener->next;
-    if (listener == m_lastListener)
-        m_lastListener = previous == listener ? nullptr : previous;
+    if (listener == m_extra->lastListener)
+        m_extra->lastListener = previous == listener ? nullptr : previous;
     delete listener;
+    dropEmptyExtra();
 }
 
 /// Deletes the listeners that were removed during an emission.
 void Attribute::sweepListeners() {
     Listener* kept = nullptr;
     Listener* removed = nullptr;
-    Listener* listener = m_lastListener->next;
-    m_lastListener->next = nullptr;
+    Listener* listener = m_extra->lastListener->next;
+    m_extra->lastListener->next = nullptr;
     while (listener) {
         Listener* next = listener->next;
         Listener*& last = listener->isRemoved ? removed : kept;
@@ -174,8 +231,9 @@ void Attribute::sweepListeners() {
         last = listener;
         listener = next;
     }
-    m_lastListener = kept;
+    m_extra->lastListener = kept;
     freeListeners(removed);
+    dropEmptyExtra();
 }
 
 void Attribute::freeListeners(Listener* last) {

@@ -67,6 +67,8 @@ public:
 
     AttributeT(Node* host, const QByteArray& name, T defaultValue = T())
         : AttributeBaseT<T>(host, name, std::move(defaultValue)) {}
+    AttributeT(Node* host, const QByteArray& name, const DefaultValue<T>& defaultValue)
+        : AttributeBaseT<T>(host, name, defaultValue) {}
     /// Makes an enumeration with its keywords.
     template <typename E = T, typename = std::enable_if_t<std::is_enum_v<E>>>
     AttributeT(Node* host, const QByteArray& name, T defaultValue, Conversion::Keywords keywords)
@@ -156,6 +158,8 @@ bool AttributeT<T>::set(const StyleValue& value, Layer layer) {
         int number = 0;
         return Conversion::fromStyleValue(value, this->keywords(), number) &&
                this->setValue(static_cast<T>(number), layer);
+    } else if constexpr (std::is_same_v<T, StyleValue>) {
+        return this->setValue(value, layer);
     } else {
         T converted{};
         return Conversion::fromStyleValue(value, converted) && this->setValue(converted, layer);
@@ -188,6 +192,8 @@ bool AttributeT<T>::set(const QString& value, Layer layer, ValueUnit) {
     } else if constexpr (isEnumeration) {
         int number = 0;
         return Conversion::fromText(value, this->keywords(), number) && this->setValue(static_cast<T>(number), layer);
+    } else if constexpr (std::is_same_v<T, QString>) {
+        return this->setValue(value, layer);
     } else {
         T converted{};
         return Conversion::fromText(value, converted) && this->setValue(converted, layer);

@@ -1,5 +1,8 @@
 #include "Ondex/AttributeTuple.h"
 
+#include <memory>
+#include <new>
+
 namespace Ondex {
 
 /// Holds back the changes of the components while several are set; the outermost one reports at most one at its end.
@@ -31,23 +34,25 @@ private:
 
 AttributeTuple::AttributeTuple(Node* host, const QByteArray& name, const QList<QByteArray>& componentNames,
                                const float* defaultValues, bool isFrame)
-    : Attribute(host, name), m_isFrame(isFrame) {
+    : Attribute(host, name),
+      m_components(std::allocator<Component>().allocate(static_cast<size_t>(componentNames.size()))),
+      m_isFrame(isFrame) {
     setSerializable(false);
-    m_components.reserve(static_cast<size_t>(componentNames.size()));
-    for (int i = 0; i < componentNames.size(); ++i) {
-        auto component = std::make_unique<AttributeT<float>>(host, componentNames[i], defaultValues[i]);
-        component->setOwnerShorthand(this);
-        component->addListener([this] { componentChanged(); }, 0);
-        m_components.push_back(std::move(component));
+    for (const QByteArray& componentName : componentNames) {
+        const int i = m_componentCount++;
+        new (&m_components[i]) Component(host, componentName, defaultValues[i]);
+        m_components[i].setCompound(*this);
     }
 }
 
 AttributeTuple::~AttributeTuple() {
     if (m_update)
         m_update->noteDeletion();
+    std::destroy_n(m_components, m_componentCount);
+    std::allocator<Component>().deallocate(m_components, static_cast<size_t>(m_componentCount));
 }
 
-void AttributeTuple::componentChanged() {
+void AttributeTuple::longhandChanged(Attribute&) {
     if (m_update) {
         m_update->notePending();
     } else {
@@ -145,8 +150,8 @@ void AttributeTuple::copyValueFromLayer(Layer from, Layer to) {
 }
 
 bool AttributeTuple::isChanged() const {
-    for (const auto& component : m_components) {
-        if (component->isChanged())
+    for (int i = 0; i < componentCount(); ++i) {
+        if (component(i).isChanged())
             return true;
     }
     return false;
@@ -166,8 +171,8 @@ bool AttributeTuple::handleShorthand(const StyleValue& value, Gorvel::ArrayMap<A
 }
 
 bool AttributeTuple::isValueDefinedOnLayer(Layer layer) const {
-    for (const auto& component : m_components) {
-        if (component->isValueDefinedOnLayer(layer))
+    for (int i = 0; i < componentCount(); ++i) {
+        if (component(i).isValueDefinedOnLayer(layer))
             return true;
     }
     return false;
@@ -179,8 +184,8 @@ void AttributeTuple::setAsDefaults() {
 
 void AttributeTuple::setTransitionAnim(float duration, float delay) {
     Attribute::setTransitionAnim(duration, delay);
-    for (const auto& component : m_components)
-        component->setTransitionAnim(duration, delay);
+    for (int i = 0; i < componentCount(); ++i)
+        component(i).setTransitionAnim(duration, delay);
 }
 
 } // namespace Ondex

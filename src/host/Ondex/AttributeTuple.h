@@ -1,9 +1,6 @@
 #pragma once
 
-#include "Ondex/AttributeT.h"
-
-#include <memory>
-#include <vector>
+#include "Ondex/Longhand.h"
 
 namespace Ondex {
 
@@ -29,10 +26,10 @@ public:
     void setAsDefaults() override;
     void setTransitionAnim(float duration, float delay) override;
 
-    int componentCount() const { return static_cast<int>(m_components.size()); }
+    int componentCount() const { return m_componentCount; }
     /// Component @p i, an attribute of the same node.
-    AttributeT<float>& component(int i) { return *m_components[static_cast<size_t>(i)]; }
-    const AttributeT<float>& component(int i) const { return *m_components[static_cast<size_t>(i)]; }
+    AttributeT<float>& component(int i) { return m_components[i]; }
+    const AttributeT<float>& component(int i) const { return m_components[i]; }
     /// Sets component @p i on the user layer; listeners of the tuple see one change, where it is one.
     bool setComponent(int i, float value, ValueUnit unit);
 
@@ -46,14 +43,18 @@ protected:
     float number(int i, Layer layer) const;
 
 private:
+    using Component = Longhand<float, AttributeTuple>;
+    friend Component;
+    static constexpr int LonghandRole = 0;
     class Update;
-    void componentChanged();
+    void longhandChanged(Attribute& component);
     int tupleSource(int given, int i) const;
     template <typename Change>
     void changeComponents(Change change);
 
-    std::vector<std::unique_ptr<AttributeT<float>>> m_components;
+    Component* m_components;    // one block of them, which this owns
     Update* m_update = nullptr; // the outermost one that is going on
+    qint16 m_componentCount = 0;
     bool m_isFrame;
 };
 

@@ -1,7 +1,8 @@
 #include "Ondex/Node.h"
 
+#include "Gorvel/Name.h"
 #include "Gorvel/Trace.h"
-#include "Ondex/NodeHandlers_p.h"
+#include "Ondex/NodeEvents_p.h"
 #include "Ondex/NodeNameIndex_p.h"
 
 #include <algorithm>
@@ -11,7 +12,8 @@ namespace Ondex {
 
 namespace {
 
-constexpr int MostWithoutIndex = 8;
+constexpr int MostWithoutIndex = 16;
+constexpr size_t FirstSlots = 6;
 constexpr size_t SmallestToCloseUp = 16;
 
 /// Nodes taken out of nodes that are being deleted. The outermost destructor deletes them one after another, so that
@@ -25,7 +27,8 @@ constexpr int queuedSlot(size_t place) {
 
 } // namespace
 
-Node::Node(Node* host, const QByteArray& name) : Attribute(nullptr, name) {
+Node::Node(Node* host, const QByteArray& name)
+    : Attribute(nullptr, name), m_nodeCount(0), m_stylingSuppressed(false), m_beingDeleted(false) {
     m_isNode = true;
     if (host)
         host->insert(this);
@@ -34,8 +37,6 @@ Node::Node(Node* host, const QByteArray& name) : Attribute(nullptr, name) {
 Node::~Node() {
     leaveHost();
     leaveDeletionQueue();
-    m_beingDeleted = true;
-    m_index.reset();
 
     std::vector<Node*> queue;
     const bool isOutermost = !deletionQueue;
@@ -59,7 +60,7 @@ void Node::deleteAttributes() {
     const size_t queued = deletionQueue->size();
     for (size_t i = 0; i < m_slots.size(); ++i) {
         Attribute* attribute = m_slots[i];
-        if (!attribute || attribute->m_ownerShorthand)
+        if (!attribute || attribute->ownerShorthand())
             continue;
         if (attribute->m_isNode) {
             m_slots[i] = nullptr;
@@ -96,6 +97,17 @@ void Node::leaveDeletionQueue() {
 void Node::leaveHost() {
     if (host())
         host()->erase(this);
+    beginDeletion();
+}
+
+/// From here on attributes only go: that nothing is kept up for finding or adding more makes it quicker.
+void Node::beginDeletion() {
+    m_beingDeleted = true;
+    m_index.reset();
+}
+
+void Node::reserveAttributes(int count) {
+    m_slots.reserve(static_cast<size_t>(count));
 }
 
 QByteArray Node::type() const {
@@ -112,9 +124,14 @@ bool Node::isChanged() const {
 
 Attribute* Node::attribute(const QByteArray& name) const {
     if (m_index) {
-        Attribute* value = m_index->first(name, NameIndex::Values);
-        Attribute* node = m_index->first(name, NameIndex::Nodes);
+        const char* known = Gorvel::internedAddress(name);
+        Attribute* value = known ? m_index->first(known, NameIndex::Values) : nullptr;
+        Attribute* node = known ? m_index->first(known, NameIndex::Nodes) : nullptr;
         return !node || (value && value->m_slot < node->m_slot) ? value : node;
+    }
+    for (Attribute* attribute : m_slots) { // mostly the name is interned: equal addresses tell at once
+        if (attribute && attribute->m_name.constData() == name.constData() && attribute->m_name.size() == name.size())
+            return attribute;
     }
     for (Attribute* attribute : m_slots) {
         if (attribute && attribute->m_name == name)
@@ -125,10 +142,13 @@ Attribute* Node::attribute(const QByteArray& name) const {
 
 /// The first attribute of that name that is not a node.
 Attribute* Node::valueAttribute(const QByteArray& name) const {
+    const char* known = Gorvel::internedAddress(name);
+    if (!known)
+        return nullptr;
     if (m_index)
-        return m_index->first(name, NameIndex::Values);
+        return m_index->first(known, NameIndex::Values);
     for (Attribute* attribute : m_slots) {
-        if (attribute && !attribute->m_isNode && attribute->m_name == name)
+        if (attribute && !attribute->m_isNode && attribute->m_name.constData() == known)
             return attribute;
     }
     return nullptr;
@@ -184,6 +204,8 @@ void Node::insert(Attribute* attribute) {
         static_cast<Node*>(attribute)->leaveDeletionQueue();
     attribute->m_host = this;
     attribute->m_slot = static_cast<int>(m_slots.size());
+    if (m_slots.capacity() == 0)
+        m_slots.reserve(FirstSlots);
     m_slots.push_back(attribute);
     ++m_count;
     if (attribute->m_isNode)
@@ -232,7 +254,7 @@ void Node::closeUp() {
 void Node::rename(Attribute* attribute, const QByteArray& name) {
     if (m_index)
         m_index->remove(attribute);
-    attribute->m_name = name;
+    attribute->m_name = Gorvel::interned(name);
     if (m_index)
         m_index->insert(attribute);
 }

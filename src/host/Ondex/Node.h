@@ -3,6 +3,7 @@
 #include "Ondex/Attribute.h"
 
 #include <QList>
+#include <QSharedDataPointer>
 
 #include <functional>
 #include <memory>
@@ -60,17 +61,20 @@ protected:
     /// Called after @p attribute was removed. It may be under destruction: only its Attribute part is safe,
     /// unless its class calls leaveHost() first thing in its destructor.
     virtual void attributeRemoved(Attribute* attribute);
-    /// Leaves the host node; for destructors of classes that attributeRemoved() has to recognise.
+    /// Leaves the host node; for the beginning of destructors of classes that attributeRemoved() has to recognise.
     void leaveHost();
+    /// Makes room for @p count attributes, so that adding them moves none; for constructors that add many.
+    void reserveAttributes(int count);
 
 private:
     friend class Attribute;
-    struct Handlers;
+    struct Events;
     struct Reading;
     class NameIndex;
     void insert(Attribute* attribute);
     void erase(Attribute* attribute);
     void rename(Attribute* attribute, const QByteArray& name);
+    void beginDeletion();
     void closeUp();
     void deleteAttributes();
     void readChildren(const ArchiveElement& element, Reading& reading);
@@ -78,14 +82,13 @@ private:
     bool isBelow(const Attribute* attribute) const;
     Attribute* valueAttribute(const QByteArray& name) const;
 
-    std::vector<Attribute*> m_slots; // null where one was removed; closed up when half of them are
-    int m_count = 0;
-    int m_nodeCount = 0;
-    bool m_stylingSuppressed = false;
-    bool m_beingDeleted = false;
-    std::unique_ptr<NameIndex> m_index; // by name, once there are many
-    QList<QByteArray> m_eventsOut;
-    std::unique_ptr<Handlers> m_handlers;
+    std::vector<Attribute*> m_slots;     // null where one was removed; closed up when half of them are
+    std::unique_ptr<NameIndex> m_index;  // by name, once there are many
+    QSharedDataPointer<Events> m_events; // null where there are none
+    int m_count = 0;                     // of the attributes
+    int m_nodeCount : 30;                // of those that are nodes
+    bool m_stylingSuppressed : 1;
+    bool m_beingDeleted : 1;
 };
 
 } // namespace Ondex

@@ -2,15 +2,13 @@
 
 #include "Ondex/Node.h"
 
-#include <QHash>
-
 #include <vector>
 
 namespace Ondex {
 
-/// Finds the attributes of a node by name: the slots of each name form a chain in their order, so that the first is
-/// found and any one is removed in constant time, also where thousands have the same name. Child nodes and other
-/// attributes have chains of their own.
+/// Finds the attributes of a node by the address of their interned names: a hash table of the first slot of each name.
+/// The slots of one name form a chain in their order, so that the first is found and any one is removed in constant
+/// time, also where thousands have the same name. Child nodes and other attributes have chains of their own.
 class Node::NameIndex {
 public:
     enum Kind { Values, Nodes };
@@ -19,26 +17,36 @@ public:
     explicit NameIndex(const std::vector<Attribute*>& slots);
 
     /// The first attribute of that name and kind, null where there is none.
-    Attribute* first(const QByteArray& name, Kind kind) const;
+    /// @param name  the bytes of an interned name
+    Attribute* first(const char* name, Kind kind) const;
     /// Adds an attribute that has its slot; one behind all others of its name takes constant time.
     void insert(const Attribute* attribute);
     /// Takes an attribute out, before it loses its slot and name.
     void remove(const Attribute* attribute);
 
 private:
-    struct Chain {
-        int first = -1;
-        int last = -1;
-    };
+    static constexpr int NoSlot = -1;
+    /// The neighbours of a slot in its chain. The first one is linked to the last one, the last one to none.
     struct Link {
-        int previous = -1;
-        int next = -1;
+        int previous;
+        int next;
     };
+
+    static Kind kindOf(const Attribute* attribute) { return attribute->m_isNode ? Nodes : Values; }
+    size_t home(const char* name, Kind kind) const;
+    size_t placeOf(const char* name, Kind kind) const;
+    size_t next(size_t place) const { return (place + 1) & (m_firsts.size() - 1); }
+    Attribute* at(int slot) const { return m_slots[static_cast<size_t>(slot)]; }
     Link& link(int slot) { return m_links[static_cast<size_t>(slot)]; }
+    void growTable();
+    void ensureLinks();
+    void insertIntoChain(int& first, int slot);
+    void removeFromTable(size_t place);
 
     const std::vector<Attribute*>& m_slots;
-    QHash<QByteArray, Chain> m_chains[2]; // by kind
-    std::vector<Link> m_links;            // one per slot
+    std::vector<int> m_firsts; // the hash table: slots or NoSlot; a power of two of places, a quarter of them free
+    size_t m_nameCount = 0;
+    std::vector<Link> m_links; // one per slot; none as long as no name occurs twice
 };
 
 } // namespace Ondex
