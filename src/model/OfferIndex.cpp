@@ -22,9 +22,12 @@ OfferIndex::OfferIndex(const std::vector<Rule>& rules) {
     for (const Rule::Declarations* list : lists) {
         const Offer* first = m_offers.data() + m_offers.size();
         for (const Declaration& declaration : *list) {
-            int& number = numbers[Gorvel::interned(declaration.property())]; // 0 where it is new
-            if (number == 0)
-                number = ++m_propertyCount;
+            const QByteArray property = Gorvel::interned(declaration.property());
+            int& number = numbers[property]; // 0 where it is new
+            if (number == 0) {
+                m_properties.push_back(property);
+                number = propertyCount();
+            }
             m_offers.push_back({&declaration, declaration.id(), unsigned(number - 1), declaration.important()});
         }
         m_ranges[list] = {first, first + list->size()};

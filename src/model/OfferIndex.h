@@ -36,12 +36,14 @@ public:
     /// The offers of a rule's declarations, which are told by their address; empty for those of no rule.
     OfferRange of(const Rule::Declarations& declarations) const { return m_ranges.value(&declarations); }
     /// The properties are numbered from 0.
-    int propertyCount() const { return m_propertyCount; }
+    int propertyCount() const { return int(m_properties.size()); }
+    /// The name of a property, interned.
+    const QByteArray& property(unsigned number) const { return m_properties[number]; }
 
 private:
     std::vector<Offer> m_offers;
     QHash<const Rule::Declarations*, OfferRange> m_ranges;
-    int m_propertyCount = 0;
+    std::vector<QByteArray> m_properties; // by number
 };
 
 } // namespace Brisko

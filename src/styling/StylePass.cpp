@@ -1,7 +1,6 @@
 #include "styling/StylePass.h"
 
 #include "Brisko/LazyAttributeManager.h"
-#include "Gorvel/Name.h"
 #include "Gorvel/StringUtils.h"
 #include "Gorvel/Trace.h"
 #include "model/Specificity.h"
@@ -163,7 +162,7 @@ void StylePass::apply(const SimpleSelector& compound, const OfferRange& offers, 
     for (const Offer& offered : offers) {
         int place = m_scratch.found.placeOf(offered.property);
         if (place < 0) {
-            const QByteArray& property = offered.declaration->property();
+            const QByteArray& property = m_sheet->ruleIndex().offers().property(offered.property);
             place = placeOf(m_node.attribute(property));
             m_scratch.found.enter(offered.property, place);
             if (place < 0)
@@ -257,8 +256,8 @@ void StylePass::write(int place) {
         return;
     const bool important = winner.claim.important;
     const AppliedProperties* before = m_node.m_applied.get();
-    int index = before ? before->indexOf(Gorvel::interned(winner.attribute->name())) : -1;
-    const QByteArray newName = index < 0 ? Gorvel::interned(winner.attribute->name()) : QByteArray();
+    int index = before ? before->indexOf(winner.attribute->name()) : -1;
+    const QByteArray newName = index < 0 ? winner.attribute->name() : QByteArray();
     if (!m_node.setAttributeValue(*winner.attribute, *winner.value,
                                   important ? Attribute::ImportantStyleLayer : Attribute::StyleLayer) ||
         !isNodeAlive())

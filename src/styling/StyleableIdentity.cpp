@@ -92,7 +92,8 @@ bool Styleable::hasCSSClass(const QByteArray& name) const {
 void Styleable::classesChanged() {
     QList<QByteArray> names = lowerCased(cssClassStr()).split(' ');
     names.removeAll(QByteArray());
-    std::transform(names.begin(), names.end(), names.begin(), Gorvel::interned);
+    for (QByteArray& name : names)
+        name = Gorvel::interned(name);
     m_classes.clear();
     m_classes.insertAll(names);
     updateStyle();

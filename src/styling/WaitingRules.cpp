@@ -77,6 +77,8 @@ void WaitingRules::collect(const KeySet& keys, std::vector<const WaitingCompound
         const auto held = std::ptrdiff_t(found.size());
         for (const WaitingGroup* group : list->m_groups)
             group->collect(keys, list == this, found);
+        if (std::ptrdiff_t(found.size()) == held)
+            continue;
         // What stands further up as well has the same key, and was collected there.
         const auto isRepeated = [&](const WaitingCompound* compound) {
             return std::any_of(found.begin() + first, found.begin() + held,
