@@ -1,7 +1,6 @@
 #include "Gorvel/ColorNames_p.h"
 
-#include <algorithm>
-#include <iterator>
+#include <QHash>
 
 namespace Gorvel {
 
@@ -12,7 +11,6 @@ struct NamedColor {
     unsigned rgb; // 0xrrggbb
 };
 
-// Sorted by name.
 const NamedColor namedColors[] = {
     // clang-format off
     {"aliceblue", 0xf0f8ff},
@@ -168,14 +166,17 @@ const NamedColor namedColors[] = {
 } // namespace
 
 std::optional<QRgb> colorByName(const QByteArray& name) {
-    const QByteArray lower = name.toLower();
-    if (lower == "transparent")
-        return qRgba(0, 0, 0, 0);
-    const auto isBefore = [](const NamedColor& color, const QByteArray& text) { return color.name < text; };
-    const auto found = std::lower_bound(std::begin(namedColors), std::end(namedColors), lower, isBefore);
-    if (found == std::end(namedColors) || lower != found->name)
+    static const QHash<QByteArray, QRgb> colors = [] {
+        QHash<QByteArray, QRgb> byName;
+        byName.insert("transparent", qRgba(0, 0, 0, 0));
+        for (const NamedColor& color : namedColors)
+            byName.insert(color.name, 0xff000000u | color.rgb);
+        return byName;
+    }();
+    const auto found = colors.constFind(name.toLower());
+    if (found == colors.constEnd())
         return std::nullopt;
-    return 0xff000000u | found->rgb;
+    return *found;
 }
 
 } // namespace Gorvel

@@ -89,6 +89,11 @@ Color rgbColor(const std::vector<Argument>& arguments, float alpha) {
     return Color(channel(arguments[0], scale), channel(arguments[1], scale), channel(arguments[2], scale), alpha);
 }
 
+Color namedColor(QRgb rgb) {
+    const auto channelOf = [](int number) { return static_cast<float>(number / 255.); };
+    return Color(channelOf(qRed(rgb)), channelOf(qGreen(rgb)), channelOf(qBlue(rgb)), channelOf(qAlpha(rgb)));
+}
+
 using FromHue = QColor (*)(qreal, qreal, qreal, qreal);
 
 Color hueColor(FromHue make, const std::vector<Argument>& arguments, float alpha) {
@@ -127,11 +132,13 @@ std::optional<Color> ColorText::readStraight(const QByteArray& text) {
     if (trimmed.endsWith(')'))
         return readFunction(trimmed);
     if (const std::optional<QRgb> named = colorByName(trimmed))
-        return Color(QColor::fromRgba(*named));
+        return namedColor(*named);
     return std::nullopt;
 }
 
 std::optional<ColorPMA> ColorText::readPremultiplied(const QByteArray& text) {
+    if (!text.contains('('))
+        return std::nullopt;
     const std::optional<FunctionCall> call = readCall(text.trimmed());
     if (!call || call->name != "rgba_pma" || call->arguments.size() != 4)
         return std::nullopt;

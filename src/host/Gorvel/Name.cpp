@@ -106,7 +106,7 @@ public:
     }
 
 private:
-    using Places = std::array<QByteArray, 256>;
+    using Places = std::array<QByteArray, 512>;
 
     static RecentNames* makeCurrent() {
         if (s_areGone)

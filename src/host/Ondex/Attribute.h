@@ -102,6 +102,8 @@ public:
     /// Tells the host that this attribute is about to go. Called once, by the destructor.
     virtual void emitDelete();
 
+    /// Whether this is a Node.
+    bool isNode() const { return m_isNode; }
     Node* host() const { return m_host; }
     const QByteArray& name() const { return m_name; }
     /// Renames the attribute; its host finds it under the new name from then on.
