@@ -57,7 +57,7 @@ private:
     std::vector<Rule> m_rules;
     std::vector<QString> m_sources; // by number
     bool m_updateIsolatedSubtrees = false;
-    mutable std::atomic<const RuleIndex*> m_index{nullptr}; // built when the first node asks
+    mutable std::atomic<const RuleIndex*> m_index{nullptr};        // built when the first node asks
     std::vector<std::unique_ptr<const RuleIndex>> m_formerIndexes; // of a sheet that was changed after that
 };
 

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "Brisko/SimpleSelector.h"
-
+#include <QByteArray>
+#include <QHash>
+#include <QString>
 #include <QVarLengthArray>
 
 #include <array>
@@ -11,38 +12,31 @@ namespace Brisko {
 
 /// The one feature of a compound that is looked at first, hashed to a byte: its id, else its first class, else its
 /// type, else nothing. A node without that feature cannot match the compound.
+///
+/// Types and classes are hashed by the addresses of their names, which have to be interned and kept.
 class MatchKey {
 public:
     static constexpr int count = 256; ///< of different keys
 
     /// The key of a compound that asks for nothing, and of one that was not looked at.
     static MatchKey none() { return MatchKey(0); }
-    static MatchKey ofCompound(const SimpleSelector& compound) {
-        if (!compound.cssId().isEmpty())
-            return ofId(compound.cssId());
-        if (!compound.cssClasses().isEmpty())
-            return ofClass(compound.cssClasses()[0]);
-        return compound.cssType().isEmpty() ? none() : ofType(compound.cssType());
-    }
-    static MatchKey ofType(const QByteArray& type) { return hashed(type, 1); }
-    static MatchKey ofClass(const QByteArray& name) { return hashed(name, 2); }
-    static MatchKey ofId(const QString& id) { return hashed(id, 3); }
+    static MatchKey ofType(const QByteArray& type) { return hashed(addressOf(type) + 1); }
+    static MatchKey ofClass(const QByteArray& name) { return hashed(addressOf(name)); }
+    static MatchKey ofId(const QString& id) { return hashed(qHash(id, 0)); }
 
     std::uint8_t value() const { return m_value; }
 
 private:
     explicit MatchKey(std::uint8_t value) : m_value(value) {}
 
-    template <typename Text>
-    static MatchKey hashed(const Text& text, std::uint32_t seed) {
-        std::uint32_t hash = seed;
-        for (const auto* unit = text.constData(); unit != text.constData() + text.size(); ++unit)
-            hash = hash * 31 + codeOf(*unit);
-        hash *= 0x9E3779B1u;                                   // 2^32 divided by the golden ratio
-        return MatchKey(std::uint8_t(1 + (hash >> 24) % 255)); // all but that of none()
+    static std::uint64_t addressOf(const QByteArray& name) {
+        return reinterpret_cast<std::uintptr_t>(name.constData());
     }
-    static std::uint32_t codeOf(char unit) { return std::uint8_t(unit); }
-    static std::uint32_t codeOf(QChar unit) { return unit.unicode(); }
+    static MatchKey hashed(std::uint64_t code) {
+        constexpr std::uint64_t spread = 0x9E3779B97F4A7C15u; // 2^64 divided by the golden ratio
+        const std::uint64_t hash = (code * spread) >> 32;
+        return MatchKey(std::uint8_t(1 + ((hash * 255) >> 32))); // all but that of none()
+    }
 
     std::uint8_t m_value;
 };

@@ -1,5 +1,7 @@
 #include "model/WaitingGroup.h"
 
+#include "Gorvel/Name.h"
+
 #include <algorithm>
 
 namespace Brisko {
@@ -7,10 +9,24 @@ namespace Brisko {
 void WaitingGroup::add(const std::vector<Declaration>* declarations, const SimpleSelector* selector, int specificity,
                        int order) {
     const bool goesOn = selector->combinator() == SimpleSelector::Descendant;
-    const MatchKey key = MatchKey::ofCompound(*selector);
+    const MatchKey key = keyOf(*selector);
     m_compounds.push_back({declarations, selector, specificity, order, key.value(), goesOn});
     m_keys.insert(key);
     m_goesOnWhole = m_goesOnWhole && goesOn;
+}
+
+MatchKey WaitingGroup::keyOf(const SimpleSelector& compound) {
+    if (!compound.cssId().isEmpty())
+        return MatchKey::ofId(compound.cssId());
+    if (!compound.cssClasses().isEmpty())
+        return MatchKey::ofClass(kept(compound.cssClasses()[0]));
+    return compound.cssType().isEmpty() ? MatchKey::none() : MatchKey::ofType(kept(compound.cssType()));
+}
+
+/// The interned name, which is kept so that its address stays its own.
+const QByteArray& WaitingGroup::kept(const QByteArray& name) {
+    m_names.push_back(Gorvel::interned(name));
+    return m_names.back();
 }
 
 void WaitingGroup::addUnread(const std::vector<Declaration>* declarations, const SimpleSelector* selector,
@@ -23,6 +39,7 @@ void WaitingGroup::addUnread(const std::vector<Declaration>* declarations, const
 
 void WaitingGroup::file() {
     m_compounds.shrink_to_fit();
+    m_names.shrink_to_fit();
     if (m_compounds.size() <= fewCompounds)
         return;
     std::stable_sort(m_compounds.begin(), m_compounds.end(),

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Brisko/Declaration.h"
+#include "Brisko/SimpleSelector.h"
 #include "model/KeySet.h"
 
 #include <vector>
@@ -45,8 +46,12 @@ public:
 private:
     static constexpr std::size_t fewCompounds = 12; // up to here all are looked at
 
+    MatchKey keyOf(const SimpleSelector& compound);
+    const QByteArray& kept(const QByteArray& name);
+
     std::vector<WaitingCompound> m_compounds;
-    std::vector<int> m_firstOfKey; // places in m_compounds, with the end behind the last; empty where there are few
+    std::vector<QByteArray> m_names; // that the keys were made of
+    std::vector<int> m_firstOfKey;   // places in m_compounds, with the end behind the last; empty where there are few
     KeySet m_keys;
     bool m_goesOnWhole = true;
 };

@@ -27,7 +27,7 @@ public:
             return place ? *place : -1;
         }
         for (int i = 0; i < m_properties.size(); ++i) {
-            if (m_properties[i].name.constData() == name.constData())
+            if (m_properties[i].name.isSharedWith(name))
                 return i;
         }
         return -1;

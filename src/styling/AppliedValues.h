@@ -3,6 +3,7 @@
 #include "Ondex/Attribute.h"
 #include "Ondex/StyleValue.h"
 
+#include <deque>
 #include <unordered_map>
 #include <vector>
 
@@ -35,32 +36,38 @@ class AppliedValues {
 public:
     struct Value {
         Ondex::Attribute* attribute;    ///< null once it has left the node
+        const QByteArray* name;         ///< of the attribute
         const Ondex::StyleValue* value; ///< null before the first offer
         Claim claim;
         bool isShorthand; ///< the attribute split it and is not written itself
     };
 
     /// The place of an attribute, which is added where it has none yet.
-    int placeOf(Ondex::Attribute* attribute) {
+    /// @param name  that of the attribute, if somebody else keeps it until clear(); null for a copy
+    int placeOf(Ondex::Attribute* attribute, const QByteArray* name) {
         const int place = find(attribute);
         if (place >= 0)
             return place;
-        m_values.push_back({attribute, nullptr, {}, false});
+        if (!name)
+            name = &m_names.emplace_back(attribute->name());
+        m_values.push_back({attribute, name, nullptr, {}, false});
         if (m_indexed > 0 || m_values.size() > longList)
             indexRest();
         return int(m_values.size()) - 1;
     }
 
-    /// Enters a value unless there is one with a better claim. @p value has to stay until clear().
-    /// @return false where it lost
-    bool offer(int place, const Ondex::StyleValue& value, const Claim& claim) {
+    /// Whether a claim takes the value at that place.
+    bool isWon(int place, const Claim& claim) const {
+        const Value& held = m_values[std::size_t(place)];
+        return !held.value || claim.beats(held.claim);
+    }
+    /// Enters a value that has won. It has to stay until clear(). @return its attribute
+    Ondex::Attribute* take(int place, const Ondex::StyleValue& value, const Claim& claim) {
         Value& held = m_values[std::size_t(place)];
-        if (held.value && !claim.beats(held.claim))
-            return false;
         held.value = &value;
         held.claim = claim;
         held.isShorthand = false;
-        return true;
+        return held.attribute;
     }
 
     /// Drops what was won by an attribute that is deleted; the places of the others stay.
@@ -76,6 +83,8 @@ public:
     int size() const { return int(m_values.size()); }
     void clear() {
         m_values.clear();
+        if (!m_names.empty())
+            m_names.clear();
         if (m_indexed > 0)
             m_places.clear();
         m_indexed = 0;
@@ -104,6 +113,7 @@ private:
     }
 
     std::vector<Value> m_values;
+    std::deque<QByteArray> m_names;
     std::unordered_map<Ondex::Attribute*, int> m_places;
     std::size_t m_indexed = 0; // values that the look-up knows
 };

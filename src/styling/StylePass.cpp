@@ -82,8 +82,8 @@ thread_local std::vector<std::unique_ptr<StylePass::Scratch>> StylePass::Scratch
 thread_local std::size_t StylePass::Scratch::depth = 0;
 
 StylePass::StylePass(Styleable& node)
-    : m_node(node), m_watch(node), m_sheet(node.m_style.m_sheet), m_scratch(Scratch::lease()),
-      m_newGeneration(node.m_applied ? node.m_applied->nextGeneration() : 1) {
+    : m_node(node), m_watch(node), m_index(node.m_style.m_sheet ? &node.m_style.m_sheet->ruleIndex() : nullptr),
+      m_scratch(Scratch::lease()), m_newGeneration(node.m_applied ? node.m_applied->nextGeneration() : 1) {
     node.m_pass = this;
 }
 
@@ -109,7 +109,11 @@ bool StylePass::run() {
 
 Style StylePass::childStyle() const {
     const ChildStyle childStyle(m_scratch.begun.groups, m_scratch.goneOn);
-    return childStyle.from(m_node.m_style, m_node.m_childStyle, !m_sheet || m_sheet->ruleIndex().isRegular());
+    return childStyle.from(m_node.m_style, m_node.m_childStyle, !m_index || m_index->isRegular());
+}
+
+void StylePass::nodeGoes(Style&& style) {
+    m_styleOfLostNode = std::move(style);
 }
 
 void StylePass::forget(Attribute* attribute) {
@@ -118,11 +122,11 @@ void StylePass::forget(Attribute* attribute) {
 }
 
 void StylePass::matchRules() {
-    if (!m_sheet)
+    if (!m_index)
         return;
-    m_scratch.found.reserve(m_sheet->ruleIndex().offers().propertyCount());
+    m_scratch.found.reserve(m_index->offers().propertyCount());
     RuleIndex::Found& begun = m_scratch.begun;
-    m_sheet->ruleIndex().collect(m_node.cssType(), m_node.m_cssId.value(), m_node.cssClasses(), begun);
+    m_index->collect(m_node.cssType(), m_node.m_cssId.value(), m_node.cssClasses(), begun);
     for (std::size_t i = 0; isNodeAlive() && i < begun.starts.size(); ++i)
         tryStart(*begun.starts[i]);
 }
@@ -162,61 +166,70 @@ void StylePass::apply(const SimpleSelector& compound, const OfferRange& offers, 
     for (const Offer& offered : offers) {
         int place = m_scratch.found.placeOf(offered.property);
         if (place < 0) {
-            const QByteArray& property = m_sheet->ruleIndex().offers().property(offered.property);
-            place = placeOf(m_node.attribute(property));
-            m_scratch.found.enter(offered.property, place);
-            if (place < 0)
-                place = placeOf(LazyAttributeManager::create(&m_node, property));
+            place = findPlace(offered);
             if (!isNodeAlive())
                 return;
         }
-        applyAt(place, compound, *offered.declaration, {specificity, offered.id, bool(offered.isImportant)});
+        const Claim claim{specificity, offered.id, bool(offered.isImportant)};
+        if (place < 0)
+            m_scratch.deferred.push_back({&compound, offered.declaration, specificity});
+        else if (m_scratch.applied.isWon(place, claim))
+            take(place, offered.declaration->value(), claim);
     }
+}
+
+/// The place of the attribute that a declaration of the sheet sets; -1 where there is none.
+int StylePass::findPlace(const Offer& offered) {
+    const QByteArray& property = m_index->offers().property(offered.property);
+    Attribute* attribute = m_node.attribute(property);
+    if (!attribute)
+        return makePlace(property);
+    const int place = m_scratch.applied.placeOf(attribute, &property);
+    m_scratch.found.enter(offered.property, place);
+    return place;
+}
+
+/// The place of an attribute that the registry makes; -1 where it does not serve the property.
+int StylePass::makePlace(const QByteArray& property) {
+    Attribute* made = LazyAttributeManager::create(&m_node, property);
+    return made && isNodeAlive() ? m_scratch.applied.placeOf(made, nullptr) : -1;
 }
 
 /// Applies what a state that was handed down stands for: a rule of the sheet, or declarations from elsewhere.
 void StylePass::applyHandedDown(const SimpleSelector& compound, const std::vector<Declaration>& declarations,
                                 int specificity) {
-    const OfferRange offers = m_sheet ? m_sheet->ruleIndex().offers().of(declarations) : OfferRange();
+    const OfferRange offers = m_index ? m_index->offers().of(declarations) : OfferRange();
     if (offers.first) {
         apply(compound, offers, specificity);
         return;
     }
     for (const Declaration& declaration : declarations) {
-        int place = placeOf(m_node.attribute(declaration.property()));
-        if (place < 0)
-            place = placeOf(LazyAttributeManager::create(&m_node, declaration.property()));
+        Attribute* attribute = m_node.attribute(declaration.property());
+        const int place = attribute ? m_scratch.applied.placeOf(attribute, nullptr) : makePlace(declaration.property());
         if (!isNodeAlive())
             return;
-        applyAt(place, compound, declaration, {specificity, declaration.id(), declaration.important()});
+        if (place < 0)
+            m_scratch.deferred.push_back({&compound, &declaration, specificity});
+        else
+            offer(place, declaration.value(), {specificity, declaration.id(), declaration.important()});
     }
 }
 
-void StylePass::applyAt(int place, const SimpleSelector& compound, const Declaration& declaration, const Claim& claim) {
-    if (place >= 0)
-        offer(place, declaration.value(), claim);
-    else
-        m_scratch.deferred.push_back({&compound, &declaration, claim.specificity});
+void StylePass::offer(int place, const StyleValue& value, const Claim& claim) {
+    if (m_scratch.applied.isWon(place, claim))
+        take(place, value, claim);
 }
 
-/// The place of an attribute among the applied values, -1 where there is none.
-int StylePass::placeOf(Attribute* attribute) {
-    return attribute && isNodeAlive() ? m_scratch.applied.placeOf(attribute) : -1;
-}
-
-/// Offers a value to an attribute and, where that is a shorthand, its parts to the longhands.
-bool StylePass::offer(int place, const StyleValue& value, const Claim& claim) {
-    if (!m_scratch.applied.offer(place, value, claim))
-        return false;
+/// Gives a value to the attribute that it won and, where that is a shorthand, offers its parts to the longhands.
+void StylePass::take(int place, const StyleValue& value, const Claim& claim) {
     if (m_won)
         m_won->push_back(place);
     ShorthandParts& parts = m_scratch.emptyParts();
-    if (m_scratch.applied[place].attribute->handleShorthand(value, parts)) {
-        m_scratch.applied[place].isShorthand = true;
-        for (const auto& [longhand, part] : std::exchange(parts, {}))
-            offer(m_scratch.applied.placeOf(longhand), m_scratch.values.emplace_back(part), claim);
-    }
-    return true;
+    if (!m_scratch.applied.take(place, value, claim)->handleShorthand(value, parts))
+        return;
+    m_scratch.applied[place].isShorthand = true;
+    for (const auto& [longhand, part] : std::exchange(parts, {}))
+        offer(m_scratch.applied.placeOf(longhand, nullptr), m_scratch.values.emplace_back(part), claim);
 }
 
 /// Writes every winner. The first values of a node take their places at once; later on, transitions are armed before
@@ -251,13 +264,10 @@ void StylePass::writeAll(const std::vector<int>& places) {
 }
 
 void StylePass::write(int place) {
-    const AppliedValues::Value winner = m_scratch.applied[place];
+    const AppliedValues::Value& winner = m_scratch.applied[place];
     if (winner.isShorthand || !winner.attribute)
         return;
     const bool important = winner.claim.important;
-    const AppliedProperties* before = m_node.m_applied.get();
-    int index = before ? before->indexOf(winner.attribute->name()) : -1;
-    const QByteArray newName = index < 0 ? winner.attribute->name() : QByteArray();
     if (!m_node.setAttributeValue(*winner.attribute, *winner.value,
                                   important ? Attribute::ImportantStyleLayer : Attribute::StyleLayer) ||
         !isNodeAlive())
@@ -265,8 +275,9 @@ void StylePass::write(int place) {
     if (!m_node.m_applied)
         m_node.m_applied = std::make_unique<AppliedProperties>();
     AppliedProperties& properties = *m_node.m_applied;
+    int index = properties.indexOf(*winner.name);
     if (index < 0) {
-        index = properties.add(newName);
+        index = properties.add(*winner.name);
     } else if (properties[index].isImportant != important) {
         // A property that turned important, or turned normal again, leaves nothing on the layer that it had before.
         m_node.clearProperty(index);
@@ -286,7 +297,7 @@ void StylePass::applyDeferred() {
         const Declaration& declaration = *deferred.declaration;
         if (Attribute* attribute = m_node.attribute(declaration.property())) {
             m_won->clear();
-            offer(m_scratch.applied.placeOf(attribute), declaration.value(),
+            offer(m_scratch.applied.placeOf(attribute, nullptr), declaration.value(),
                   {deferred.specificity, declaration.id(), declaration.important()});
             writeAll(*m_won);
         } else if (!deferred.compound->isEmpty()) {
@@ -307,6 +318,8 @@ void StylePass::clearStale() {
         if (properties[index].generation != m_newGeneration)
             m_scratch.stale.push_back(index);
     }
+    if (m_scratch.stale.empty())
+        return;
     std::sort(m_scratch.stale.begin(), m_scratch.stale.end(),
               [&properties](int a, int b) { return qstrcmp(properties[a].name, properties[b].name) < 0; });
     for (std::size_t i = 0; isNodeAlive() && i < m_scratch.stale.size(); ++i)

@@ -26,6 +26,8 @@ public:
     bool run();
     /// The style for the children, after the run.
     Style childStyle() const;
+    /// Keeps the style of the node, which is being deleted, as the values that are being written are in its sheet.
+    void nodeGoes(Style&& style);
     /// Gives up an attribute that leaves the node while the pass runs.
     void forget(Ondex::Attribute* attribute);
 
@@ -38,9 +40,10 @@ private:
     void tryWaiting(const WaitingCompound& waiting);
     void apply(const SimpleSelector& compound, const OfferRange& offers, int specificity);
     void applyHandedDown(const SimpleSelector& compound, const std::vector<Declaration>& declarations, int specificity);
-    void applyAt(int place, const SimpleSelector& compound, const Declaration& declaration, const Claim& claim);
-    int placeOf(Ondex::Attribute* attribute);
-    bool offer(int place, const Ondex::StyleValue& value, const Claim& claim);
+    int findPlace(const Offer& offered);
+    int makePlace(const QByteArray& property);
+    void offer(int place, const Ondex::StyleValue& value, const Claim& claim);
+    void take(int place, const Ondex::StyleValue& value, const Claim& claim);
     void writeWinners();
     bool isOfTransition(int place) const;
     void writeAll(const std::vector<int>& places);
@@ -52,7 +55,8 @@ private:
 
     Styleable& m_node;
     Styleable::Watch m_watch;
-    std::shared_ptr<StyleSheet> m_sheet; // holds the rules, also where the node goes
+    const RuleIndex* m_index; // of the sheet; null where there is none
+    Style m_styleOfLostNode;  // keeps the sheet where the node goes
     Scratch& m_scratch;
     unsigned m_newGeneration;
     std::vector<int>* m_won = nullptr; // where places that an offer took are noted, if anywhere

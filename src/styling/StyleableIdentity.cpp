@@ -4,6 +4,7 @@
 #include "Gorvel/Name.h"
 #include "styling/AppliedProperties.h"
 #include "styling/PseudoClasses.h"
+#include "styling/StylePass.h"
 #include "styling/StyleableWatch.h"
 
 #include <algorithm>
@@ -31,7 +32,8 @@ Styleable::Styleable(const QByteArray& type)
 
 Styleable::~Styleable() {
     Watch::abandon(m_watch);
-    m_pass = nullptr;
+    if (m_pass)
+        std::exchange(m_pass, nullptr)->nodeGoes(std::move(m_style));
     leaveHost();
 }
 

@@ -10,12 +10,15 @@ namespace Brisko {
 
 namespace {
 
+/// Whether an interned name is among the held ones, which are interned as well; or one of the same bytes is.
+bool holds(const Gorvel::ArraySet<QByteArray>& held, const QByteArray& wanted) {
+    return std::any_of(held.begin(), held.end(), [&](const QByteArray& name) { return name.isSharedWith(wanted); }) ||
+           held.contains(wanted);
+}
+
 bool holdsAll(const Gorvel::ArraySet<QByteArray>& held, const Gorvel::ArraySet<QByteArray>& wanted) {
-    if (wanted.isEmpty())
-        return true;
-    const auto before = [](const QByteArray& a, const QByteArray& b) { return qstrcmp(a, b) < 0; };
     return wanted.size() <= held.size() &&
-           std::includes(held.begin(), held.end(), wanted.begin(), wanted.end(), before);
+           std::all_of(wanted.begin(), wanted.end(), [&held](const QByteArray& name) { return holds(held, name); });
 }
 
 } // namespace

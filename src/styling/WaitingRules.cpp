@@ -103,7 +103,8 @@ bool WaitingRules::equal(const WaitingRules* a, const WaitingRules* b) {
     if (x == y)
         return true;
     // Where they part, one state that the other list lacks decides; so it nearly always is.
-    if (a && b && !a->m_isMadeByHand && !b->m_isMadeByHand && ((x && a->hasOther(x, y, *b)) || (y && b->hasOther(y, x, *a))))
+    if (a && b && !a->m_isMadeByHand && !b->m_isMadeByHand &&
+        ((x && a->hasOther(x, y, *b)) || (y && b->hasOther(y, x, *a))))
         return false;
     static const std::vector<State> none;
     return (a ? a->states() : none) == (b ? b->states() : none);

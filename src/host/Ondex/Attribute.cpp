@@ -58,8 +58,8 @@ Attribute::~Attribute() {
         delete m_extra;
 }
 
-Attribute* Attribute::ownerShorthand() const {
-    return m_hasExtra ? m_extra->ownerShorthand : m_ownerShorthand;
+Attribute* Attribute::ownerOfExtra() const {
+    return m_extra->ownerShorthand;
 }
 
 /// The compound attribute that follows this one goes on doing so.

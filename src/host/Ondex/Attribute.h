@@ -110,7 +110,7 @@ public:
     void setName(const QByteArray& name);
 
     /// The compound attribute that this longhand belongs to and that deletes it; null for all others.
-    Attribute* ownerShorthand() const;
+    Attribute* ownerShorthand() const { return m_hasExtra ? ownerOfExtra() : m_ownerShorthand; }
     void setOwnerShorthand(Attribute* shorthand);
 
     /// Has @p callback called at every change. @return an id for removeListener().
@@ -162,6 +162,7 @@ private:
     class FollowerTurn;
     Listener* lastListener() const;
     Extra& extra();
+    Attribute* ownerOfExtra() const;
     void dropEmptyExtra();
     bool isEmitting() const;
     void callListeners(FollowerTurn& turn);

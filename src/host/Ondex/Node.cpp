@@ -129,8 +129,8 @@ Attribute* Node::attribute(const QByteArray& name) const {
         Attribute* node = known ? m_index->first(known, NameIndex::Nodes) : nullptr;
         return !node || (value && value->m_slot < node->m_slot) ? value : node;
     }
-    for (Attribute* attribute : m_slots) { // mostly the name is interned: equal addresses tell at once
-        if (attribute && attribute->m_name.constData() == name.constData() && attribute->m_name.size() == name.size())
+    for (Attribute* attribute : m_slots) { // mostly the name is interned: one block tells at once
+        if (attribute && attribute->m_name.isSharedWith(name))
             return attribute;
     }
     for (Attribute* attribute : m_slots) {
