@@ -41,7 +41,6 @@ struct StylePass::Scratch {
     std::deque<StyleValue> values; // of parts of shorthands that were offered
     std::vector<Deferred> deferred;
     std::vector<int> transitions; // places in applied of the longhands of the transition
-    std::vector<int> won;         // places in applied that the last deferred declaration took
     std::vector<int> stale;       // places in the applied properties of the node
 
     void clear() {
@@ -54,7 +53,6 @@ struct StylePass::Scratch {
         values.clear();
         deferred.clear();
         transitions.clear();
-        won.clear();
         stale.clear();
     }
 
@@ -215,15 +213,15 @@ void StylePass::applyHandedDown(const SimpleSelector& compound, const std::vecto
     }
 }
 
-void StylePass::offer(int place, const StyleValue& value, const Claim& claim) {
-    if (m_scratch.applied.isWon(place, claim))
-        take(place, value, claim);
+bool StylePass::offer(int place, const StyleValue& value, const Claim& claim) {
+    if (!m_scratch.applied.isWon(place, claim))
+        return false;
+    take(place, value, claim);
+    return true;
 }
 
 /// Gives a value to the attribute that it won and, where that is a shorthand, offers its parts to the longhands.
 void StylePass::take(int place, const StyleValue& value, const Claim& claim) {
-    if (m_won)
-        m_won->push_back(place);
     ShorthandParts& parts = m_scratch.emptyParts();
     if (!m_scratch.applied.take(place, value, claim)->handleShorthand(value, parts))
         return;
@@ -263,6 +261,14 @@ void StylePass::writeAll(const std::vector<int>& places) {
         write(places[i]);
 }
 
+/// Writes what one declaration holds.
+void StylePass::writeAllOf(int declaration) {
+    for (int place = 0; isNodeAlive() && place < m_scratch.applied.size(); ++place) {
+        if (m_scratch.applied[place].claim.declaration == declaration)
+            write(place);
+    }
+}
+
 void StylePass::write(int place) {
     const AppliedValues::Value& winner = m_scratch.applied[place];
     if (winner.isShorthand || !winner.attribute)
@@ -291,15 +297,13 @@ void StylePass::write(int place) {
 }
 
 void StylePass::applyDeferred() {
-    m_won = &m_scratch.won;
     for (std::size_t i = 0; isNodeAlive() && i < m_scratch.deferred.size(); ++i) {
         const Deferred& deferred = m_scratch.deferred[i];
         const Declaration& declaration = *deferred.declaration;
         if (Attribute* attribute = m_node.attribute(declaration.property())) {
-            m_won->clear();
-            offer(m_scratch.applied.placeOf(attribute, nullptr), declaration.value(),
-                  {deferred.specificity, declaration.id(), declaration.important()});
-            writeAll(*m_won);
+            const Claim claim{deferred.specificity, declaration.id(), declaration.important()};
+            if (offer(m_scratch.applied.placeOf(attribute, nullptr), declaration.value(), claim))
+                writeAllOf(declaration.id());
         } else if (!deferred.compound->isEmpty()) {
             Gorvel::Trace::error("Styleable::setStyle # %s # Attribute %s not found",
                                  Gorvel::StringUtils::demangle(typeid(m_node).name()).constData(),

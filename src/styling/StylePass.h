@@ -42,11 +42,12 @@ private:
     void applyHandedDown(const SimpleSelector& compound, const std::vector<Declaration>& declarations, int specificity);
     int findPlace(const Offer& offered);
     int makePlace(const QByteArray& property);
-    void offer(int place, const Ondex::StyleValue& value, const Claim& claim);
+    bool offer(int place, const Ondex::StyleValue& value, const Claim& claim);
     void take(int place, const Ondex::StyleValue& value, const Claim& claim);
     void writeWinners();
     bool isOfTransition(int place) const;
     void writeAll(const std::vector<int>& places);
+    void writeAllOf(int declaration);
     void write(int place);
     void applyDeferred();
     void clearStale();
@@ -59,7 +60,6 @@ private:
     Style m_styleOfLostNode;  // keeps the sheet where the node goes
     Scratch& m_scratch;
     unsigned m_newGeneration;
-    std::vector<int>* m_won = nullptr; // where places that an offer took are noted, if anywhere
 };
 
 } // namespace Brisko

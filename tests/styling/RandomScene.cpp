@@ -48,30 +48,30 @@ QByteArray randomName(Dice& dice, const char* letters) {
     return QByteArray(1, letters[dice.roll(int(qstrlen(letters)))]);
 }
 
-TreeNode randomNode(Dice& dice) {
+TreeNode randomNode(Dice& dice, const NamePlan& names) {
     TreeNode node;
-    node.type = randomName(dice, "abc");
+    node.type = randomName(dice, names.types);
     if (dice.chance(30))
-        node.id = QString::fromLatin1(randomName(dice, "ij"));
-    for (const char* name : {"x", "y", "z"}) {
+        node.id = QString::fromLatin1(randomName(dice, names.ids));
+    for (const char name : QByteArray(names.classes)) {
         if (dice.chance(30))
-            node.classes.push_back(name);
+            node.classes.emplace_back(1, name);
     }
-    for (const char* name : {"h", "f"}) {
+    for (const char name : QByteArray(names.pseudoClasses)) {
         if (dice.chance(25))
-            node.pseudoClasses.push_back(name);
+            node.pseudoClasses.emplace_back(1, name);
     }
     return node;
 }
 
-std::unique_ptr<TreeNode> randomTree(Dice& dice, int size) {
-    auto root = std::make_unique<TreeNode>(randomNode(dice));
+std::unique_ptr<TreeNode> randomTree(Dice& dice, int size, const NamePlan& names, int depthPercent) {
+    auto root = std::make_unique<TreeNode>(randomNode(dice, names));
     std::vector<TreeNode*> nodes{root.get()};
     for (int i = 1 + dice.roll(size); i > 1; --i) {
         // The latest nodes are preferred, for depth.
-        const int back = dice.chance(50) ? 0 : dice.roll(int(nodes.size()));
+        const int back = dice.chance(depthPercent) ? 0 : dice.roll(int(nodes.size()));
         TreeNode* parent = nodes[nodes.size() - 1 - std::size_t(back)];
-        parent->children.push_back(std::make_unique<TreeNode>(randomNode(dice)));
+        parent->children.push_back(std::make_unique<TreeNode>(randomNode(dice, names)));
         parent->children.back()->parent = parent;
         nodes.push_back(parent->children.back().get());
     }

@@ -38,9 +38,17 @@ struct TreeNode {
 
 const std::vector<QByteArray>& propertyNames();
 
-/// A tree of at most @p size nodes, with few different names so that rules match.
-std::unique_ptr<TreeNode> randomTree(Dice& dice, int size);
-TreeNode randomNode(Dice& dice);
+/// The letters that names are made of: few, so that rules match and names come again below themselves.
+struct NamePlan {
+    const char* types = "abc";
+    const char* ids = "ij";
+    const char* classes = "xyz";
+    const char* pseudoClasses = "hf";
+};
+
+/// A tree of at most @p size nodes. @param depthPercent  how often a node is put below the one before it
+std::unique_ptr<TreeNode> randomTree(Dice& dice, int size, const NamePlan& names = {}, int depthPercent = 50);
+TreeNode randomNode(Dice& dice, const NamePlan& names = {});
 QByteArray randomName(Dice& dice, const char* letters);
 
 /// A sheet built compound by compound. The value of every declaration is its number, so that it tells who won.
