@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+
+namespace Bench {
+
+/// Makes a sheet the way published frameworks write them: long class names, lists of selectors, chains of several
+/// classes, one to eight declarations with shorthands, functions, lists and `!important`, and comments.
+QByteArray generateFrameworkSheet(int rules);
+
+/// The classes that such a sheet selects by.
+QList<QByteArray> frameworkClasses(int rules);
+
+} // namespace Bench

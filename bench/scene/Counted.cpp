@@ -1,0 +1,5 @@
+#include "Counted.h"
+
+void counted(const std::function<void()>& work) {
+    work();
+}
