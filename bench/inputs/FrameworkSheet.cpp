@@ -46,15 +46,15 @@ private:
     QByteArray className() { return '.' + m_classes[m_random.below(m_classes.size())]; }
 
     QByteArray compound() {
-        QByteArray text = m_random.chance(20) ? oneOf(treeTypes, m_random) : className();
+        QByteArray text = m_random.chance(6) ? oneOf(treeTypes, m_random) : className();
         if (m_random.chance(20))
             text += className();
-        return m_random.chance(15) ? text + ':' + oneOf(pseudoClasses, m_random) : text;
+        return m_random.chance(6) ? text + ':' + oneOf(pseudoClasses, m_random) : text;
     }
 
     QByteArray selector() {
         QByteArray text = compound();
-        while (m_random.chance(30))
+        while (m_random.chance(14))
             text += (m_random.chance(40) ? " > " : " ") + compound();
         return text;
     }
@@ -63,10 +63,10 @@ private:
         if (m_random.chance(3))
             m_text += "/* The next component; what is set here is taken back further below. */\n";
         m_text += selector();
-        while (m_random.chance(35))
+        while (m_random.chance(20))
             m_text += ",\n" + selector();
         m_text += " {\n";
-        for (int left = 1 + m_random.below(m_random.chance(50) ? 2 : 8); left > 0; --left)
+        for (int left = 1 + m_random.below(m_random.chance(75) ? 2 : 5); left > 0; --left)
             m_text += "  " + oneOf(declarations, m_random) + ";\n";
         m_text += "}\n\n";
     }

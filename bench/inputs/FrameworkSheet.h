@@ -5,8 +5,8 @@
 
 namespace Bench {
 
-/// Makes a sheet the way published frameworks write them: long class names, lists of selectors, chains of several
-/// classes, one to eight declarations with shorthands, functions, lists and `!important`, and comments.
+/// Makes a sheet the way published frameworks write them: long class names, most of them alone, some in lists of
+/// selectors and in chains, one to five declarations with shorthands, functions, lists and `!important`, and comments.
 QByteArray generateFrameworkSheet(int rules);
 
 /// The classes that such a sheet selects by.

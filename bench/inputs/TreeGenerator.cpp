@@ -5,11 +5,13 @@
 
 #include <QFile>
 
+#include <algorithm>
+
 namespace Bench {
 
 namespace {
 
-constexpr int maxDepth = 9;
+constexpr int maxDepth = 10;
 
 QString threeClasses(Random& random, const QList<QByteArray>& classes) {
     QByteArray text;
@@ -35,6 +37,51 @@ private:
     QStringList m_sets;
 };
 
+/// Makes a tree from the root downwards: what is to stand below a node is shared out among a few children.
+class TreeGrower {
+public:
+    explicit TreeGrower(const TreeRecipe& recipe)
+        : m_recipe(recipe), m_random(unsigned(recipe.nodes) * 31u + unsigned(recipe.classes.size())),
+          m_classes(recipe, m_random) {}
+
+    TreeShape grow() {
+        m_tree.reserve(std::size_t(m_recipe.nodes));
+        const int root = add(-1);
+        int below = m_recipe.nodes - 1;
+        if (const int hundredth = m_recipe.nodes / 100; hundredth > 0) {
+            growBelow(add(root), hundredth - 1, 1);
+            below -= hundredth;
+        }
+        growBelow(root, below, 0);
+        return std::move(m_tree);
+    }
+
+private:
+    int add(int parent) {
+        const bool hasId = m_recipe.ids > 0 && m_random.chance(5);
+        const QString id = hasId ? "i" + QString::number(m_random.below(m_recipe.ids)) : QString();
+        const QByteArray& type = treeTypes[std::size_t(m_random.below(int(treeTypes.size())))];
+        m_tree.push_back({parent, type, id, m_classes.next()});
+        return int(m_tree.size()) - 1;
+    }
+
+    void growBelow(int parent, int nodes, int level) {
+        int children = level + 1 < maxDepth ? std::min(nodes, 2 + m_random.below(6)) : nodes;
+        for (; children > 0; --children) {
+            // Up to a third more or less than an even share; the last one takes what is left.
+            const int even = nodes / children;
+            const int share = children > 1 ? even - m_random.below(even / 3 + 1) + m_random.below(even / 3 + 1) : nodes;
+            growBelow(add(parent), share - 1, level + 1);
+            nodes -= share;
+        }
+    }
+
+    const TreeRecipe& m_recipe;
+    Random m_random;
+    ClassSets m_classes;
+    TreeShape m_tree;
+};
+
 } // namespace
 
 TreeRecipe recipeFor(int nodes, int rules) {
@@ -45,22 +92,7 @@ TreeRecipe recipeFor(int nodes, int rules) {
 }
 
 TreeShape generateTree(const TreeRecipe& recipe) {
-    Random random(unsigned(recipe.nodes) * 31u + unsigned(recipe.classes.size()));
-    ClassSets classes(recipe, random);
-    TreeShape tree;
-    tree.reserve(std::size_t(recipe.nodes));
-    std::vector<int> path; // from the root to the node that was made last
-    for (int i = 0; i < recipe.nodes; ++i) {
-        // The root stays in the path; every other node is below the last one or below a node above that.
-        if (path.size() > 1 && (int(path.size()) > maxDepth || random.chance(60)))
-            path.resize(std::size_t(1 + random.below(int(path.size()) - 1)));
-        const bool hasId = recipe.ids > 0 && random.chance(5);
-        const QString id = hasId ? "i" + QString::number(random.below(recipe.ids)) : QString();
-        const QByteArray& type = treeTypes[std::size_t(random.below(int(treeTypes.size())))];
-        tree.push_back({path.empty() ? -1 : path.back(), type, id, classes.next()});
-        path.push_back(i);
-    }
-    return tree;
+    return TreeGrower(recipe).grow();
 }
 
 QByteArray treeText(const TreeShape& tree) {

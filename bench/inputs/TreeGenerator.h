@@ -34,7 +34,7 @@ struct TreeRecipe {
 /// The recipe for a tree that goes with generateSheet(@p rules).
 TreeRecipe recipeFor(int nodes, int rules);
 
-/// Makes a tree of at most ten levels.
+/// Makes a tree of at most ten levels below the root, whose first child has 1 % of the nodes, itself included.
 TreeShape generateTree(const TreeRecipe& recipe);
 
 /// Writes a tree the way that readTree() reads it.

@@ -7,7 +7,7 @@ namespace {
 
 using namespace litehtml;
 
-constexpr std::uintmax_t largestTree = 10000000; // bytes: all of 100,000 nodes
+constexpr std::uintmax_t largestTree = 1000000; // bytes: all of 10,000 nodes
 
 /// A host without fonts, pictures and anything to draw on.
 class NoHost final : public document_container {

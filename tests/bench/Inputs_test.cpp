@@ -35,7 +35,21 @@ TEST(Inputs, SheetsAreTheSameEveryTime) {
 
 TEST(Inputs, FrameworkSheetsHaveListsOfSelectors) {
     // Every selector of a list is a rule of its own.
-    EXPECT_GT(parse(generateFrameworkSheet(100))->rules().size(), 120u);
+    EXPECT_GT(parse(generateFrameworkSheet(100))->rules().size(), 105u);
+}
+
+TEST(Inputs, FirstChildHasAHundredthOfTheTree) {
+    const TreeShape tree = generateTree(recipeFor(1000, 100));
+    ASSERT_EQ(tree.size(), 1000u);
+    std::vector<int> depths = {0};
+    std::size_t below = 0;
+    for (std::size_t i = 1; i < tree.size(); ++i) {
+        ASSERT_LT(tree[i].parent, int(i));
+        depths.push_back(depths[std::size_t(tree[i].parent)] + 1);
+        below += i > 1 && tree[i].parent > 0 && below == i - 2; // without a gap after the first child
+    }
+    EXPECT_EQ(below, 9u);
+    EXPECT_LE(*std::max_element(depths.begin(), depths.end()), 10);
 }
 
 TEST(Inputs, TreesAreReadAsTheyWereWritten) {
