@@ -3,8 +3,8 @@
 #include "Brisko/AttributeTransitionAnim.h"
 #include "Brisko/Style.h"
 #include "Gorvel/ArraySet.h"
-#include "Ondex/AttributeT.h"
 #include "Ondex/Node.h"
+#include "Ondex/Watched.h"
 
 #include <QStringList>
 
@@ -97,6 +97,8 @@ protected:
 
 private:
     friend class StylePass;
+    template <typename T, typename Watcher>
+    friend class Ondex::Watched;
 
     /// Whether a style pass is the one that an earlier pass of this node asked for.
     enum class PassKind { First, Repeated };
@@ -111,6 +113,8 @@ private:
     bool hasPseudoClasses(const SimpleSelector& selector) const;
     void recordPseudoClasses(const SimpleSelector& selector);
 
+    static constexpr int WatcherRole = 2;
+    void watchedChanged(Ondex::Attribute& identity);
     void classesChanged();
     void clearProperty(int index);
 
@@ -127,8 +131,8 @@ private:
     void styleChildren();
 
     QByteArray m_cssType; // interned
-    Ondex::AttributeT<QString> m_cssClass;
-    Ondex::AttributeT<QString> m_cssId;
+    Ondex::Watched<QString, Styleable> m_cssClass;
+    Ondex::Watched<QString, Styleable> m_cssId;
     AttributeTransitionAnim m_transition;
     Style m_style;
     Style m_childStyle;

@@ -131,7 +131,10 @@ void AttributeBorderSingle::emitChange() {
 }
 
 Attribute::Follower AttributeBorderSingle::borderFollower() {
-    return {[](Attribute& border, Attribute&) { static_cast<AttributeBorder&>(border).sideChanged(); }, LonghandRole};
+    const auto changed = [](Attribute& side) {
+        static_cast<AttributeBorder&>(static_cast<AttributeBorderSingle&>(side).followingCompound()).sideChanged();
+    };
+    return {changed, LonghandRole};
 }
 
 /// Takes the longhands over into the border. Only the one that changed is reported, so that nothing is said twice.

@@ -14,7 +14,6 @@ namespace Brisko {
 namespace {
 
 const QByteArray pseudoClassChanged = QByteArrayLiteral("pseudo-class-changed");
-constexpr int changeRole = 2;
 
 QByteArray lowerCased(const QString& name) {
     return name.toUtf8().toLower();
@@ -25,8 +24,8 @@ QByteArray lowerCased(const QString& name) {
 Styleable::Styleable(const QByteArray& type)
     : Ondex::Node(nullptr, type), m_cssType(Gorvel::interned(type)), m_cssClass(this, "css-class"),
       m_cssId(this, "css-id"), m_transition(this, "transition") {
-    m_cssId.addListener([this] { updateStyle(); }, changeRole);
-    m_cssClass.addListener([this] { classesChanged(); }, changeRole);
+    m_cssId.setWatcher(*this);
+    m_cssClass.setWatcher(*this);
     eventAddOut(pseudoClassChanged);
 }
 
@@ -89,6 +88,14 @@ void Styleable::toggleCSSClass(const QByteArray& name, bool on) {
 
 bool Styleable::hasCSSClass(const QByteArray& name) const {
     return m_classes.contains(name.toLower());
+}
+
+/// Restyles for another id or other classes.
+void Styleable::watchedChanged(Ondex::Attribute& identity) {
+    if (&identity == &m_cssClass)
+        classesChanged();
+    else
+        updateStyle();
 }
 
 void Styleable::classesChanged() {

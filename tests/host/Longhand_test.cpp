@@ -111,6 +111,24 @@ TEST_F(LonghandTest, TellsTheSameCompoundUnderAnotherOwner) {
     m_pair.first.setOwnerShorthand(&m_pair);
 }
 
+TEST_F(LonghandTest, TellsTheSameCompoundWhateverItsOwnerWasAndIs) {
+    Attribute other(nullptr, "other");
+    Attribute another(nullptr, "another");
+    for (const bool hasListener : {false, true}) {
+        Pair pair(&m_node, m_log);
+        pair.first.setOwnerShorthand(&other);
+        pair.first.setOwnerShorthand(&another);
+        if (hasListener)
+            listen(pair.first, "before", 2);
+        pair.follow();
+        EXPECT_EQ(pair.first.ownerShorthand(), &pair);
+        pair.first.setOwnerShorthand(&another);
+        pair.first.setOwnerShorthand(&other);
+        pair.first = 1.f;
+        EXPECT_EQ(takeLog(), hasListener ? (List{"before", "pair:a"}) : List{"pair:a"});
+    }
+}
+
 TEST_F(LonghandTest, ListenersComeAndGoWhileItIsTold) {
     m_pair.follow();
     long removed = listen(m_pair.first, "removed", 3);

@@ -62,11 +62,15 @@ Attribute* Attribute::ownerOfExtra() const {
     return m_extra->ownerShorthand;
 }
 
-/// The compound attribute that follows this one goes on doing so.
+/// The compound attribute that follows this one, if one does, goes on doing so.
 void Attribute::setOwnerShorthand(Attribute* shorthand) {
-    if (m_isFollowed && shorthand != ownerShorthand() && !extra().follower)
-        extra().follower = ownerShorthand();
+    if (ownerShorthand() && shorthand != ownerShorthand() && !extra().firstOwner)
+        extra().firstOwner = ownerShorthand();
     (m_hasExtra ? m_extra->ownerShorthand : m_ownerShorthand) = shorthand;
+}
+
+Attribute& Attribute::followingCompound() const {
+    return m_hasExtra && m_extra->firstOwner ? *m_extra->firstOwner : *ownerShorthand();
 }
 
 Attribute::Extra& Attribute::extra() {

@@ -140,15 +140,18 @@ protected:
     /// Whether a change has to run as a transition: it is armed for a time longer than none.
     bool changesRunAsTransitions() const;
 
-    /// What a class of compound attributes does when one of its longhands changes: a listener that takes no memory of
-    /// the longhand.
+    /// What a class does when one of its attributes changes: a listener of all of them, which takes no memory of each.
     struct Follower {
-        void (*changed)(Attribute& compound, Attribute& longhand);
+        void (*changed)(Attribute& attribute);
         int role;
     };
-    /// Makes @p compound the owner of this longhand and its first listener. For classes whose emitChange() calls
-    /// emitChangeTo() with the same follower.
+    /// Adds @p follower as the first listener of its role. For classes whose emitChange() calls emitChangeTo() with the
+    /// same follower.
+    void setFollower(const Follower& follower);
+    /// The same for a longhand, with @p compound as its owner.
     void setFollower(Attribute& compound, const Follower& follower);
+    /// The owner that setFollower() set, whatever setOwnerShorthand() set since.
+    Attribute& followingCompound() const;
     /// Does what emitChange() does, with @p follower in its turn, if setFollower() was called.
     void emitChangeTo(const Follower& follower);
 
@@ -173,7 +176,7 @@ private:
 
     bool m_isNode : 1;     // set by Node, whose children are deleted one after another instead of nested
     bool m_hasExtra : 1;   // which member of the union is the live one
-    bool m_isFollowed : 1; // by its compound attribute, without a listener
+    bool m_isFollowed : 1; // by its class, without a listener
     int m_slot = -1;       // place in the host's list of attributes; below -1: in the queue of nodes to delete
     Node* m_host = nullptr;
     QByteArray m_name; // interned

@@ -23,7 +23,7 @@ bool fitsInt(float number) {
 
 /// The one component that holds a number or constant expression.
 bool singleNumber(const StyleValue& value) {
-    return value.size() == 1 && value[0].canConvert(StyleValue::TYPE_FLOAT);
+    return value.size() == 1 && (value[0].isNumber() || value[0].canConvert(StyleValue::TYPE_FLOAT));
 }
 
 template <typename C>
@@ -191,12 +191,9 @@ bool fromText(const QString& text, StyleValue& result) {
 }
 
 bool fromStyleValue(const StyleValue& value, float& result) {
-    if (value.size() != 1)
+    if (!singleNumber(value))
         return false;
-    const StyleValue::Component& component = value[0];
-    if (!component.isNumber() && !component.canConvert(StyleValue::TYPE_FLOAT))
-        return false;
-    result = component.asFloat();
+    result = value.asFloat(0);
     return true;
 }
 

@@ -11,14 +11,15 @@ namespace Ondex {
 /// place of the pointer to this.
 struct Attribute::Extra {
     Attribute* ownerShorthand;
-    Attribute* follower = nullptr;    // the compound that follows the changes, where it is no longer the owner
+    Attribute* firstOwner = nullptr;  // where there is another owner since; the first may follow the changes
     Listener* lastListener = nullptr; // a ring in order of role; its next one is the first
     float transitionDuration = 0.f;   // seconds, as the delay
     float transitionDelay = 0.f;
     std::unique_ptr<TransitionAnim> runningTransition = nullptr;
 
     bool isEmpty() const {
-        return !follower && !lastListener && transitionDuration == 0.f && transitionDelay == 0.f && !runningTransition;
+        return !firstOwner && !lastListener && transitionDuration == 0.f && transitionDelay == 0.f &&
+               !runningTransition;
     }
 };
 

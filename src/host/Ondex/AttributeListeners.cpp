@@ -82,23 +82,22 @@ private:
 
 thread_local Attribute::Emission* Attribute::Emission::s_innermost = nullptr;
 
-/// The compound attribute that follows an emission, until its turn has come.
+/// The follower of an attribute that emits, until its turn has come.
 class Attribute::FollowerTurn {
 public:
-    FollowerTurn(Attribute& longhand, const Follower* follower)
-        : m_longhand(longhand), m_follower(longhand.m_isFollowed ? follower : nullptr) {}
+    FollowerTurn(Attribute& attribute, const Follower* follower)
+        : m_attribute(attribute), m_follower(attribute.m_isFollowed ? follower : nullptr) {}
 
     bool isDue() const { return m_follower; }
     /// Whether it has to be called before listeners of @p role: it was there before all others of its role.
     bool isDueBefore(int role) const { return m_follower && m_follower->role <= role; }
     void call() {
         const Follower* follower = std::exchange(m_follower, nullptr);
-        const bool hasOtherOwner = m_longhand.m_hasExtra && m_longhand.m_extra->follower;
-        follower->changed(hasOtherOwner ? *m_longhand.m_extra->follower : *m_longhand.ownerShorthand(), m_longhand);
+        follower->changed(m_attribute);
     }
 
 private:
-    Attribute& m_longhand;
+    Attribute& m_attribute;
     const Follower* m_follower;
 };
 
@@ -114,8 +113,14 @@ void Attribute::releaseListeners() {
 
 void Attribute::setFollower(Attribute& compound, const Follower& follower) {
     setOwnerShorthand(&compound);
+    if (m_hasExtra)
+        m_extra->firstOwner = nullptr;
+    setFollower(follower);
+}
+
+void Attribute::setFollower(const Follower& follower) {
     if (lastListener()) { // some that were added before must be called before
-        addListener([this, &compound, follower] { follower.changed(compound, *this); }, follower.role);
+        addListener([this, follower] { follower.changed(*this); }, follower.role);
     } else {
         m_isFollowed = true;
     }

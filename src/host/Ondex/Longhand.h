@@ -24,8 +24,9 @@ public:
     void emitChange() override { this->emitChangeTo(follower); }
 
 private:
-    static void changed(Attribute& compound, Attribute& longhand) {
-        static_cast<Compound&>(compound).longhandChanged(longhand);
+    static void changed(Attribute& attribute) {
+        auto& longhand = static_cast<Longhand&>(attribute);
+        static_cast<Compound&>(longhand.followingCompound()).longhandChanged(longhand);
     }
     static constexpr typename AttributeT<T>::Follower follower{&changed, Compound::LonghandRole};
 };
