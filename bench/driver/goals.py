@@ -24,7 +24,7 @@ class Goal:
         if figure is None:
             return None
         met = figure >= self.limit if self.bound == AT_LEAST else figure <= self.limit
-        asked = f"{self.bound} {number(self.limit)} {self.unit}".strip()
+        asked = f"{self.bound} {self.limit:,g} {self.unit}".strip()
         return [self.text, asked, number(figure), "yes" if met else "no"]
 
 

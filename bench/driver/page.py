@@ -37,7 +37,7 @@ BLOCKS = {
     "style": lambda results: table.compared(results, "style/"),
     "restyle": lambda results: table.compared(results, "restyle/"),
     "limit": lambda results: table.compared(results, "limit/"),
-    "memory": lambda results: table.by_unit(results, "memory/"),
+    "memory": lambda results: table.ours(results, "memory/"),
     "change": lambda results: table.by_unit(results, "change/"),
 }
 

@@ -9,7 +9,7 @@ LIMIT = "limit"
 COLOURS = {OURS: "#0b62c4", "Chromium": "#d1661b", "litehtml": "#7a3fa8", "Qt": "#2c8a4b", "GTK": "#b8336a",
            LIMIT: "#6b7280"}  # fmt: skip
 WIDTH, HEIGHT = 350, 300  # of a panel
-LEFT, RIGHT, TOP, BOTTOM = 76, 32, 40, 46
+LEFT, RIGHT, TOP, BOTTOM = 82, 32, 40, 46
 LEGEND = 34
 
 

@@ -83,6 +83,13 @@ def with_spread(row, name: str) -> str:
     return "" if median is None else f"{number(median)} ({percent(row.spread(name))})"
 
 
+def ours(results, prefix: str) -> list:
+    """The rows of a group, a figure a line; ours only."""
+    rows = [row for row in results.group(prefix) if row.median() is not None]
+    cells = [["", "unit", "figure"]] + [[row.case[len(prefix) :], row.unit, number(row.median())] for row in rows]
+    return markdown_lines(cells, 2)
+
+
 def by_unit(results, prefix: str) -> list:
     """The rows of a group, a case a line and a unit a column; ours only."""
     rows = [row for row in results.group(prefix) if row.median() is not None]
