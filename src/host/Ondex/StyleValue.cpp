@@ -1,47 +1,31 @@
-#include "Ondex/StyleValue.h"
-
-#include <QSharedData>
+#include "Ondex/StyleValueList_p.h"
 
 #include <atomic>
 #include <utility>
-#include <vector>
 
 namespace Ondex {
 
-struct StyleValue::List : QSharedData {
-    std::vector<Component> components;
-};
-
-StyleValue::StyleValue() = default;
-StyleValue::StyleValue(int value) : m_single(value) {}
-StyleValue::StyleValue(float value, Attribute::ValueUnit unit) : m_single(value, unit) {}
-StyleValue::StyleValue(const QString& text) : m_single(text) {}
-StyleValue::StyleValue(const QByteArray& keyword) : m_single(keyword) {}
-StyleValue::StyleValue(const Gorvel::Color& color) : m_single(color) {}
-StyleValue::StyleValue(const Gorvel::ColorPMA& color) : m_single(color) {}
-StyleValue::StyleValue(const SimpleExpression& expression) : m_single(expression) {}
-
-StyleValue::StyleValue(const Component& component) : m_single(component) {
-    m_single.m_separator = SEPARATOR_WHITE_SPACE;
-}
-
-StyleValue::StyleValue(const StyleValue& other) = default;
-StyleValue::StyleValue(StyleValue&& other) noexcept = default;
-StyleValue& StyleValue::operator=(const StyleValue& other) = default;
-StyleValue& StyleValue::operator=(StyleValue&& other) noexcept = default;
-StyleValue::~StyleValue() = default;
-
 int StyleValue::size() const {
-    if (m_list)
-        return static_cast<int>(m_list->components.size());
-    return m_single.type() == TYPE_UNKNOWN ? 0 : 1;
+    if (isList())
+        return static_cast<int>(m_content.m_content.list->components.size());
+    return m_content.type() == TYPE_UNKNOWN ? 0 : 1;
 }
 
 const StyleValue::Component& StyleValue::operator[](int i) const {
     static const Component unknown;
     if (i < 0 || i >= size())
         return unknown;
-    return m_list ? m_list->components[static_cast<std::size_t>(i)] : m_single;
+    return isList() ? m_content.m_content.list->components[static_cast<std::size_t>(i)] : m_content;
+}
+
+StyleValue::List& StyleValue::ownList() {
+    if (isList() && m_content.m_content.list->ref.loadAcquire() == 1)
+        return *m_content.m_content.list;
+    auto* const list = isList() ? new List(*m_content.m_content.list) : new List;
+    if (!isList() && !isEmpty())
+        list->components.push_back(std::move(m_content));
+    m_content = Component(list);
+    return *list;
 }
 
 StyleValue::ValueType StyleValue::type(int i) const {
@@ -113,12 +97,7 @@ void StyleValue::appendRange(const Component* first, int count, Separator separa
         *this = StyleValue(*first);
         return;
     }
-    if (!m_list) {
-        m_list = new List;
-        if (oldSize == 1)
-            m_list->components.push_back(std::exchange(m_single, Component()));
-    }
-    std::vector<Component>& components = m_list->components;
+    std::vector<Component>& components = ownList().components;
     components.insert(components.end(), first, first + count);
     components[static_cast<std::size_t>(oldSize)].m_separator = oldSize > 0 ? separator : SEPARATOR_WHITE_SPACE;
 }
@@ -138,8 +117,8 @@ QList<StyleValue> StyleValue::split(Separator separator) const {
 }
 
 bool operator==(const StyleValue& a, const StyleValue& b) {
-    if (a.m_list.constData() == b.m_list.constData())
-        return a.m_single == b.m_single;
+    if (a.isList() && b.isList() && a.m_content.m_content.list == b.m_content.m_content.list)
+        return true;
     if (a.size() != b.size())
         return false;
     for (int i = 0; i < a.size(); ++i) {

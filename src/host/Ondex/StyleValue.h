@@ -7,10 +7,11 @@
 
 #include <QByteArray>
 #include <QList>
-#include <QSharedDataPointer>
 #include <QString>
 
+#include <cstring>
 #include <iosfwd>
+#include <utility>
 
 class QDebug;
 
@@ -26,6 +27,8 @@ namespace Ondex {
 /// An empty value stands for no value. Copies are cheap: one component is held in place, longer lists are shared until
 /// one of the copies changes. An index outside of the list is answered as an unknown component: neutral results.
 class BRISKO_HOST_EXPORT StyleValue {
+    struct List;
+
 public:
     /// What a component holds; the numeric codes are fixed.
     enum ValueType {
@@ -46,18 +49,27 @@ public:
     class BRISKO_HOST_EXPORT Component {
     public:
         /// Makes an unknown component.
-        Component();
-        explicit Component(int value);
-        explicit Component(float value, Attribute::ValueUnit unit = Attribute::VU_UNKNOWN);
+        Component() : Component(TYPE_UNKNOWN) {}
+        explicit Component(int value) : Component(TYPE_INT) { m_content.integer = value; }
+        explicit Component(float value, Attribute::ValueUnit unit = Attribute::VU_UNKNOWN) : Component(TYPE_FLOAT) {
+            m_unit = static_cast<quint8>(unit);
+            m_content.number = value;
+        }
         explicit Component(const QString& text);
         explicit Component(const QByteArray& keyword);
         explicit Component(const Gorvel::Color& color);
         explicit Component(const Gorvel::ColorPMA& color);
         explicit Component(const SimpleExpression& expression);
         Component(const Component& other);
-        Component(Component&& other) noexcept;
-        Component& operator=(Component other) noexcept;
-        ~Component();
+        Component(Component&& other) noexcept { takeFrom(other); }
+        Component& operator=(Component other) noexcept {
+            swap(other);
+            return *this;
+        }
+        ~Component() {
+            if (m_type >= TYPE_STRING)
+                destroyContent();
+        }
 
         ValueType type() const { return static_cast<ValueType>(m_type); }
         /// The unit of a number, VU_UNKNOWN of everything else.
@@ -99,9 +111,12 @@ public:
         friend class StyleValue;
         friend BRISKO_HOST_EXPORT bool operator==(const StyleValue& a, const StyleValue& b);
 
-        // The member that m_type names is the live one.
+        // Stands in m_type for the list of a whole value.
+        static constexpr quint8 listMark = 8;
+
+        // The member that m_type names is the live one. All of them stay valid when their bytes are moved.
         union Content {
-            Content() : integer(0) {}
+            Content() : channels{} {}
             ~Content() {}
             float number;
             int integer;
@@ -109,11 +124,25 @@ public:
             QString text;
             QByteArray keyword;
             SimpleExpression expression;
+            List* list; // of shared ownership
         };
         explicit Component(ValueType type) : m_type(static_cast<quint8>(type)) {}
-        template <typename Source>
-        void construct(Source&& source);
+        explicit Component(List* list);
         void setChannels(const float* channels);
+        void destroyContent();
+        void copyBytes(const Component& other) {
+            std::memcpy(static_cast<void*>(this), static_cast<const void*>(&other), sizeof *this);
+        }
+        // Takes over the content of another one, which becomes unknown; what was here is not destroyed.
+        void takeFrom(Component& other) {
+            copyBytes(other);
+            other.m_type = TYPE_UNKNOWN;
+        }
+        void swap(Component& other) {
+            Component held(std::move(*this));
+            takeFrom(other);
+            other.takeFrom(held);
+        }
 
         quint8 m_type;
         quint8 m_unit = Attribute::VU_UNKNOWN;
@@ -121,21 +150,21 @@ public:
         Content m_content;
     };
 
-    StyleValue();
-    StyleValue(int value);
-    StyleValue(float value, Attribute::ValueUnit unit = Attribute::VU_UNKNOWN);
-    StyleValue(const QString& text);
-    StyleValue(const QByteArray& keyword);
-    StyleValue(const Gorvel::Color& color);
-    StyleValue(const Gorvel::ColorPMA& color);
-    StyleValue(const SimpleExpression& expression);
+    StyleValue() = default;
+    StyleValue(int value) : m_content(value) {}
+    StyleValue(float value, Attribute::ValueUnit unit = Attribute::VU_UNKNOWN) : m_content(value, unit) {}
+    StyleValue(const QString& text) : m_content(text) {}
+    StyleValue(const QByteArray& keyword) : m_content(keyword) {}
+    StyleValue(const Gorvel::Color& color) : m_content(color) {}
+    StyleValue(const Gorvel::ColorPMA& color) : m_content(color) {}
+    StyleValue(const SimpleExpression& expression) : m_content(expression) {}
     /// Makes a value of one component; as the first of a value it has no separator any more.
-    StyleValue(const Component& component);
-    StyleValue(const StyleValue& other);
-    StyleValue(StyleValue&& other) noexcept;
-    StyleValue& operator=(const StyleValue& other);
-    StyleValue& operator=(StyleValue&& other) noexcept;
-    ~StyleValue();
+    StyleValue(const Component& component) : m_content(component) { m_content.m_separator = SEPARATOR_WHITE_SPACE; }
+    StyleValue(const StyleValue& other) = default;
+    StyleValue(StyleValue&& other) noexcept = default;
+    StyleValue& operator=(const StyleValue& other) = default;
+    StyleValue& operator=(StyleValue&& other) noexcept = default;
+    ~StyleValue() = default;
 
     int size() const;
     bool isEmpty() const { return size() == 0; }
@@ -182,11 +211,12 @@ public:
     static StyleValue fromText(const QByteArray& text);
 
 private:
-    struct List;
+    bool isList() const { return m_content.m_type == Component::listMark; }
+    // The list, made of what is there where it is none yet, for this value alone.
+    List& ownList();
     void appendRange(const Component* first, int count, Separator separator);
 
-    Component m_single;              // the only component; unknown where there is none, or a list
-    QSharedDataPointer<List> m_list; // the components where there are two or more; else null
+    Component m_content; // the only component, unknown where there is none; or the list
 };
 
 /// Writes the value as text, in the bytes that the scanner reads back.

@@ -1,5 +1,5 @@
 #include "Ondex/NumberText_p.h"
-#include "Ondex/StyleValue.h"
+#include "Ondex/StyleValueList_p.h"
 
 #include <algorithm>
 #include <cmath>
@@ -10,17 +10,6 @@
 namespace Ondex {
 
 using Component = StyleValue::Component;
-
-Component::Component() : Component(TYPE_UNKNOWN) {}
-
-Component::Component(int value) : Component(TYPE_INT) {
-    m_content.integer = value;
-}
-
-Component::Component(float value, Attribute::ValueUnit unit) : Component(TYPE_FLOAT) {
-    m_unit = static_cast<quint8>(unit);
-    m_content.number = value;
-}
 
 Component::Component(const QString& text) : Component(TYPE_STRING) {
     new (&m_content.text) QString(text);
@@ -44,22 +33,33 @@ Component::Component(const SimpleExpression& expression) : Component(TYPE_EXPR) 
     new (&m_content.expression) SimpleExpression(expression);
 }
 
-Component::Component(const Component& other)
-    : m_type(other.m_type), m_unit(other.m_unit), m_separator(other.m_separator) {
-    construct(other.m_content);
+// The new owner's share of the list is one that was there before, or the first.
+Component::Component(List* list) : m_type(listMark) {
+    list->ref.ref();
+    m_content.list = list;
 }
 
-Component::Component(Component&& other) noexcept
-    : m_type(other.m_type), m_unit(other.m_unit), m_separator(other.m_separator) {
-    construct(std::move(other.m_content));
+Component::Component(const Component& other) {
+    copyBytes(other);
+    switch (m_type) {
+    case TYPE_STRING:
+        new (&m_content.text) QString(other.m_content.text);
+        break;
+    case TYPE_KEYWORD:
+        new (&m_content.keyword) QByteArray(other.m_content.keyword);
+        break;
+    case TYPE_EXPR:
+        new (&m_content.expression) SimpleExpression(other.m_content.expression);
+        break;
+    case listMark:
+        m_content.list->ref.ref();
+        break;
+    default:
+        break;
+    }
 }
 
-Component& Component::operator=(Component other) noexcept {
-    this->~Component();
-    return *new (this) Component(std::move(other));
-}
-
-Component::~Component() {
+void Component::destroyContent() {
     switch (m_type) {
     case TYPE_STRING:
         m_content.text.~QString();
@@ -71,31 +71,8 @@ Component::~Component() {
         m_content.expression.~SimpleExpression();
         break;
     default:
-        break;
-    }
-}
-
-template <typename Source>
-void Component::construct(Source&& source) {
-    switch (m_type) {
-    case TYPE_FLOAT:
-        m_content.number = source.number;
-        break;
-    case TYPE_COLOR:
-    case TYPE_COLOR_PMA:
-        setChannels(source.channels);
-        break;
-    case TYPE_STRING:
-        new (&m_content.text) QString(std::forward<Source>(source).text);
-        break;
-    case TYPE_KEYWORD:
-        new (&m_content.keyword) QByteArray(std::forward<Source>(source).keyword);
-        break;
-    case TYPE_EXPR:
-        new (&m_content.expression) SimpleExpression(std::forward<Source>(source).expression);
-        break;
-    default:
-        m_content.integer = source.integer;
+        if (!m_content.list->ref.deref())
+            delete m_content.list;
         break;
     }
 }
