@@ -5,6 +5,8 @@
 
 #include <QByteArray>
 
+#include <utility>
+
 class QDebug;
 
 namespace Brisko {
@@ -15,7 +17,8 @@ namespace Brisko {
 class BRISKO_EXPORT Declaration {
 public:
     /// @param property  name in UTF-8
-    Declaration(const QByteArray& property, const Ondex::StyleValue& value, bool important);
+    Declaration(const QByteArray& property, Ondex::StyleValue value, bool important)
+        : m_important(important), m_property(property), m_value(std::move(value)) {}
 
     /// Number in the sheet; -1 until the sheet gave one.
     int id() const { return m_id; }
@@ -31,9 +34,9 @@ private:
     friend class StyleSheet;
 
     int m_id = -1;
+    bool m_important;
     QByteArray m_property;
     Ondex::StyleValue m_value;
-    bool m_important;
 };
 
 BRISKO_EXPORT QDebug operator<<(QDebug debug, const Declaration& declaration);

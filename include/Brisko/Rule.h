@@ -4,6 +4,7 @@
 #include "Brisko/Selector.h"
 
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace Brisko {
@@ -15,11 +16,11 @@ class BRISKO_EXPORT Rule {
 public:
     using Declarations = std::vector<Declaration>;
 
-    Rule(const Selector& selector, const Declarations& declarations)
-        : Rule(selector, std::make_shared<const Declarations>(declarations)) {}
+    Rule(Selector selector, const Declarations& declarations)
+        : Rule(std::move(selector), std::make_shared<const Declarations>(declarations)) {}
     /// Makes a rule that shares its declarations; not null.
-    Rule(const Selector& selector, std::shared_ptr<const Declarations> declarations)
-        : m_selector(selector), m_declarations(std::move(declarations)) {}
+    Rule(Selector selector, std::shared_ptr<const Declarations> declarations)
+        : m_selector(std::move(selector)), m_declarations(std::move(declarations)) {}
 
     const Selector& selector() const { return m_selector; }
     const Declarations& declarations() const { return *m_declarations; }

@@ -30,6 +30,8 @@ public:
     /// Puts @p compound, which it owns from now on, to the left of the chain; @p combinator joins it to the compound
     /// that was leftmost before and counts only where there was one.
     void prepend(SimpleSelector* compound, SimpleSelector::Combinator combinator);
+    /// The same with a compound that is held already; not null.
+    void prepend(std::shared_ptr<SimpleSelector> compound, SimpleSelector::Combinator combinator);
 
     /// A selector that matches every node: one compound with nothing in it.
     static Selector universalSelector(SimpleSelector::Origin origin);

@@ -4,10 +4,11 @@
 #include "Gorvel/ArraySet.h"
 
 #include <QByteArray>
-#include <QList>
-#include <QSet>
+#include <QSharedDataPointer>
 #include <QString>
+#include <QVector>
 
+#include <atomic>
 #include <vector>
 
 class QDebug;
@@ -22,7 +23,7 @@ namespace Brisko {
 ///     button.updateString();
 ///     button.toString(); // "button.primary:hover"
 ///
-/// The text is rebuilt by updateString() only, which Selector::prepend() calls. The link to the next compound is not
+/// The text changes by updateString() only, which Selector::prepend() calls. The link to the next compound is not
 /// owned: the Selector that holds both keeps it valid.
 class BRISKO_EXPORT SimpleSelector {
 public:
@@ -34,6 +35,9 @@ public:
 
     /// A compound without classes; an empty type or id stands for any.
     SimpleSelector(Origin origin, const QByteArray& type, const QString& id);
+    SimpleSelector(const SimpleSelector& other);
+    SimpleSelector& operator=(const SimpleSelector& other);
+    ~SimpleSelector();
 
     Origin origin() const { return m_origin; }
     Combinator combinator() const { return m_combinator; }
@@ -42,17 +46,17 @@ public:
     const QByteArray& cssType() const { return m_type; }
     const QString& cssId() const { return m_id; }
     const Gorvel::ArraySet<QByteArray>& cssClasses() const {
-        if (!m_newClasses.isEmpty())
+        if (m_growth.constData())
             sortClasses();
         return m_classes;
     }
     /// Names in the order they were added.
-    std::vector<QByteArray> pseudoClasses() const { return m_pseudoClasses; }
+    std::vector<QByteArray> pseudoClasses() const { return {m_pseudoClasses.begin(), m_pseudoClasses.end()}; }
     int pseudoClassCount() const { return int(m_pseudoClasses.size()); }
     /// The text as of the last updateString(): type, classes, pseudo-classes, id; empty before that.
-    const QByteArray& toString() const { return m_text; }
+    const QByteArray& toString() const;
 
-    void setType(const QByteArray& type) { m_type = type; }
+    void setType(const QByteArray& type);
     /// Sets the id. A second, different one is refused with a warning; an empty one is ignored.
     void addId(const QString& id);
     /// Adds a class, lower-cased.
@@ -71,26 +75,52 @@ public:
     bool operator==(const SimpleSelector& other) const;
     bool operator!=(const SimpleSelector& other) const { return !(*this == other); }
 
-    /// Rebuilds the text from the fields, the combinator in front.
+    /// Makes the text that of the fields as they are now, the combinator in front.
     void updateString();
 
 private:
-    void sortClasses() const;
-    bool hasPseudoClass(const QByteArray& name) const;
-
     friend class Selector;
     friend class Styleable;
 
+    // Whether the text is that of the fields. Then it is not stored before somebody asks for it.
+    enum class Text : quint8 { Unset, OfFields, Stored };
+
+    // What only a compound of many parts needs, and only while it is built.
+    struct Growth;
+
+    // A text that is made when it is first asked for, by whichever thread comes first.
+    class LazyText {
+    public:
+        LazyText() = default;
+        LazyText(const LazyText& other);
+        LazyText& operator=(const LazyText& other);
+        ~LazyText() { clear(); }
+
+        // The text; null as long as there is none.
+        const QByteArray* get() const { return m_text.load(std::memory_order_acquire); }
+        const QByteArray& set(const QByteArray& text);
+        void clear() { delete m_text.exchange(nullptr); }
+
+    private:
+        std::atomic<const QByteArray*> m_text{nullptr};
+    };
+
+    void sortClasses() const;
+    bool hasPseudoClass(const QByteArray& name) const;
+    void beforeChange();
+    QByteArray fieldText() const;
+
     Origin m_origin;
+    Combinator m_combinator = None;
     QByteArray m_type;
     mutable Gorvel::ArraySet<QByteArray> m_classes;
-    mutable QList<QByteArray> m_newClasses; // not sorted into the set yet; only while the compound is built
-    std::vector<QByteArray> m_pseudoClasses;
-    QSet<QByteArray> m_manyPseudoClasses; // the same names once there are many, to find one quickly
+    QVector<QByteArray> m_pseudoClasses;
     QString m_id;
-    Combinator m_combinator = None;
     SimpleSelector* m_next = nullptr;
-    QByteArray m_text;
+    mutable QSharedDataPointer<Growth> m_growth;
+    mutable LazyText m_text;
+    Text m_textState = Text::Unset;
+    quint8 m_textCombinator = None; // the one that was there when the text was last updated
 };
 
 BRISKO_EXPORT QDebug operator<<(QDebug debug, const SimpleSelector& selector);

@@ -11,6 +11,7 @@
 namespace Brisko {
 
 class RuleIndex;
+class SourceTable;
 
 /// The rules of one or more CSS texts in order, and where each declaration was written.
 ///
@@ -30,9 +31,11 @@ public:
     /// Appends a rule; nothing happens where the selector or the list of declarations is empty.
     void declare(const Selector& selector, const std::vector<Declaration>& declarations);
     /// Appends a rule that shares its declarations, under the same conditions.
-    void declare(const Rule& rule);
+    void declare(Rule rule);
     /// Gives @p declaration the next number of this sheet, from 0, and records @p source for it.
     void setId(Declaration& declaration, const QString& source);
+    /// The same with the source "file:line", which takes a number instead of a text.
+    void setId(Declaration& declaration, const QString& file, int line);
     /// Where the declaration of that number was written, as "file:line"; empty for an unknown number.
     QString source(int id) const;
 
@@ -53,9 +56,8 @@ private:
     const RuleIndex& ruleIndex() const;
     void dropIndex();
 
-    int m_nextId = 0;
     std::vector<Rule> m_rules;
-    std::vector<QString> m_sources; // by number
+    std::unique_ptr<SourceTable> m_sources; // knows the numbers given so far
     bool m_updateIsolatedSubtrees = false;
     mutable std::atomic<const RuleIndex*> m_index{nullptr};        // built when the first node asks
     std::vector<std::unique_ptr<const RuleIndex>> m_formerIndexes; // of a sheet that was changed after that

@@ -4,9 +4,6 @@
 
 namespace Brisko {
 
-Declaration::Declaration(const QByteArray& property, const Ondex::StyleValue& value, bool important)
-    : m_property(property), m_value(value), m_important(important) {}
-
 bool Declaration::operator==(const Declaration& other) const {
     return m_id == other.m_id && m_property == other.m_property && m_value == other.m_value &&
            m_important == other.m_important;

@@ -5,14 +5,18 @@
 namespace Brisko {
 
 void Selector::prepend(SimpleSelector* compound, SimpleSelector::Combinator combinator) {
+    prepend(std::shared_ptr<SimpleSelector>(compound), combinator);
+}
+
+void Selector::prepend(std::shared_ptr<SimpleSelector> compound, SimpleSelector::Combinator combinator) {
     compound->m_next = nullptr;
     if (!m_compounds.empty()) {
         m_compounds.back()->setCombinator(combinator);
         compound->m_next = m_compounds.back().get();
     }
     compound->setCombinator(SimpleSelector::None);
-    m_compounds.emplace_back(compound);
     compound->updateString();
+    m_compounds.push_back(std::move(compound));
 }
 
 Selector Selector::universalSelector(SimpleSelector::Origin origin) {

@@ -3,6 +3,8 @@
 #include "Gorvel/Trace.h"
 
 #include <QDebug>
+#include <QList>
+#include <QSet>
 
 #include <algorithm>
 
@@ -10,28 +12,62 @@ namespace Brisko {
 
 namespace {
 
-constexpr std::size_t manyNames = 16; // from here on a look-up is quicker than a search
+constexpr int manyNames = 16; // from here on a look-up is quicker than a search, and sorting at once than one by one
 
-const char* combinatorText(SimpleSelector::Combinator combinator) {
+const char* combinatorText(int combinator) {
     switch (combinator) {
     case SimpleSelector::Child:
         return " > ";
     case SimpleSelector::Descendant:
         return " ";
-    case SimpleSelector::None:
-        break;
+    default:
+        return "";
     }
-    return "";
 }
 
 } // namespace
 
+struct SimpleSelector::Growth : QSharedData {
+    QList<QByteArray> newClasses;   // not sorted into the set yet
+    QSet<QByteArray> pseudoClasses; // all of them, to find one quickly
+};
+
+SimpleSelector::LazyText::LazyText(const LazyText& other) {
+    if (const QByteArray* text = other.get())
+        m_text = new QByteArray(*text);
+}
+
+SimpleSelector::LazyText& SimpleSelector::LazyText::operator=(const LazyText& other) {
+    const QByteArray* const text = other.get();
+    delete m_text.exchange(text ? new QByteArray(*text) : nullptr);
+    return *this;
+}
+
+// The second of two threads throws its own away.
+const QByteArray& SimpleSelector::LazyText::set(const QByteArray& text) {
+    auto made = std::make_unique<const QByteArray>(text);
+    const QByteArray* held = nullptr;
+    if (m_text.compare_exchange_strong(held, made.get(), std::memory_order_acq_rel))
+        held = made.release();
+    return *held;
+}
+
 SimpleSelector::SimpleSelector(Origin origin, const QByteArray& type, const QString& id)
     : m_origin(origin), m_type(type), m_id(id) {}
+
+SimpleSelector::SimpleSelector(const SimpleSelector& other) = default;
+SimpleSelector& SimpleSelector::operator=(const SimpleSelector& other) = default;
+SimpleSelector::~SimpleSelector() = default;
+
+void SimpleSelector::setType(const QByteArray& type) {
+    beforeChange();
+    m_type = type;
+}
 
 void SimpleSelector::addId(const QString& id) {
     if (id.isEmpty() || id == m_id)
         return;
+    beforeChange();
     if (m_id.isEmpty())
         m_id = id;
     else
@@ -40,28 +76,42 @@ void SimpleSelector::addId(const QString& id) {
 }
 
 void SimpleSelector::addClass(const QByteArray& name) {
-    m_newClasses.append(name.toLower());
+    beforeChange();
+    if (m_classes.size() < manyNames) {
+        m_classes.insert(name.toLower());
+        return;
+    }
+    if (!m_growth.constData())
+        m_growth = new Growth;
+    m_growth->newClasses.append(name.toLower());
 }
 
 void SimpleSelector::sortClasses() const {
-    m_classes.insertAll(m_newClasses);
-    m_newClasses.clear();
+    if (m_growth.constData()->newClasses.isEmpty())
+        return;
+    m_classes.insertAll(m_growth->newClasses);
+    m_growth->newClasses.clear();
 }
 
 void SimpleSelector::addPseudoClass(const QByteArray& name) {
     if (hasPseudoClass(name))
         return;
-    m_pseudoClasses.push_back(name);
-    if (m_pseudoClasses.size() == manyNames)
-        m_manyPseudoClasses = QSet<QByteArray>(m_pseudoClasses.begin(), m_pseudoClasses.end());
-    else if (m_pseudoClasses.size() > manyNames)
-        m_manyPseudoClasses.insert(name);
+    beforeChange();
+    m_pseudoClasses.append(name);
+    if (m_pseudoClasses.size() < manyNames)
+        return;
+    if (!m_growth.constData())
+        m_growth = new Growth;
+    if (m_growth->pseudoClasses.isEmpty())
+        m_growth->pseudoClasses = QSet<QByteArray>(m_pseudoClasses.begin(), m_pseudoClasses.end());
+    m_growth->pseudoClasses.insert(name);
 }
 
 bool SimpleSelector::hasPseudoClass(const QByteArray& name) const {
-    if (m_pseudoClasses.size() >= manyNames)
-        return m_manyPseudoClasses.contains(name);
-    return std::find(m_pseudoClasses.begin(), m_pseudoClasses.end(), name) != m_pseudoClasses.end();
+    const Growth* const growth = m_growth.constData();
+    if (growth && !growth->pseudoClasses.isEmpty())
+        return growth->pseudoClasses.contains(name);
+    return m_pseudoClasses.contains(name);
 }
 
 bool SimpleSelector::isEmpty() const {
@@ -74,7 +124,23 @@ bool SimpleSelector::operator==(const SimpleSelector& other) const {
 }
 
 void SimpleSelector::updateString() {
-    QByteArray text = combinatorText(m_combinator);
+    cssClasses();
+    m_growth = nullptr;
+    m_text.clear();
+    m_textState = Text::OfFields;
+    m_textCombinator = quint8(std::min<unsigned>(m_combinator, 255));
+}
+
+// Keeps the text as it is where it would be that of the fields.
+void SimpleSelector::beforeChange() {
+    if (m_textState != Text::OfFields)
+        return;
+    toString();
+    m_textState = Text::Stored;
+}
+
+QByteArray SimpleSelector::fieldText() const {
+    QByteArray text = combinatorText(m_textCombinator);
     text += m_type;
     for (const QByteArray& name : cssClasses())
         text.append('.').append(name);
@@ -82,7 +148,15 @@ void SimpleSelector::updateString() {
         text.append(':').append(name);
     if (!m_id.isEmpty())
         text.append('#').append(m_id.toUtf8());
-    m_text = text;
+    return text;
+}
+
+const QByteArray& SimpleSelector::toString() const {
+    static const QByteArray unset;
+    if (m_textState == Text::Unset)
+        return unset;
+    const QByteArray* const text = m_text.get();
+    return text ? *text : m_text.set(fieldText());
 }
 
 QDebug operator<<(QDebug debug, const SimpleSelector& selector) {

@@ -1,24 +1,24 @@
 #include "Brisko/StyleSheet.h"
 
 #include "model/RuleIndex.h"
+#include "model/SourceTable.h"
 
 namespace Brisko {
 
-StyleSheet::StyleSheet() = default;
+StyleSheet::StyleSheet() : m_sources(std::make_unique<SourceTable>()) {}
 StyleSheet::~StyleSheet() {
     dropIndex(); // where it is deleted
 }
 
 StyleSheet::StyleSheet(const StyleSheet& other)
-    : m_nextId(other.m_nextId), m_rules(other.m_rules), m_sources(other.m_sources),
+    : m_rules(other.m_rules), m_sources(std::make_unique<SourceTable>(*other.m_sources)),
       m_updateIsolatedSubtrees(other.m_updateIsolatedSubtrees) {}
 
 StyleSheet& StyleSheet::operator=(const StyleSheet& other) {
     if (this == &other)
         return *this;
-    m_nextId = other.m_nextId;
     m_rules = other.m_rules;
-    m_sources = other.m_sources;
+    *m_sources = *other.m_sources;
     m_updateIsolatedSubtrees = other.m_updateIsolatedSubtrees;
     dropIndex();
     return *this;
@@ -28,24 +28,27 @@ void StyleSheet::declare(const Selector& selector, const std::vector<Declaration
     declare(Rule(selector, declarations));
 }
 
-void StyleSheet::declare(const Rule& rule) {
+void StyleSheet::declare(Rule rule) {
     if (rule.selector().size() == 0 || rule.declarations().empty())
         return;
-    m_rules.push_back(rule);
+    m_rules.push_back(std::move(rule));
     dropIndex();
 }
 
 void StyleSheet::setId(Declaration& declaration, const QString& source) {
-    declaration.m_id = m_nextId++;
-    m_sources.push_back(source);
+    declaration.m_id = m_sources->add(source);
+}
+
+void StyleSheet::setId(Declaration& declaration, const QString& file, int line) {
+    declaration.m_id = m_sources->add(file, line);
 }
 
 QString StyleSheet::source(int id) const {
-    return id >= 0 && id < m_nextId ? m_sources[std::size_t(id)] : QString();
+    return m_sources->source(id);
 }
 
 bool StyleSheet::operator==(const StyleSheet& other) const {
-    return m_rules == other.m_rules && m_sources == other.m_sources &&
+    return m_rules == other.m_rules && *m_sources == *other.m_sources &&
            m_updateIsolatedSubtrees == other.m_updateIsolatedSubtrees;
 }
 
@@ -62,7 +65,8 @@ const RuleIndex& StyleSheet::ruleIndex() const {
 
 /// The index is put aside, as styles point into it.
 void StyleSheet::dropIndex() {
-    if (const RuleIndex* index = m_index.exchange(nullptr))
+    const bool isBuilt = m_index.load(std::memory_order_relaxed) != nullptr;
+    if (const RuleIndex* index = isBuilt ? m_index.exchange(nullptr) : nullptr)
         m_formerIndexes.emplace_back(index);
 }
 

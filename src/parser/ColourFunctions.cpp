@@ -5,6 +5,7 @@
 #include <QColor>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace Brisko {
@@ -18,11 +19,21 @@ namespace {
 
 constexpr int channelCount = 4;
 
+constexpr std::array<float, 256> makeChannelParts() {
+    std::array<float, 256> parts{};
+    for (std::size_t i = 0; i < parts.size(); ++i)
+        parts[i] = float(double(i) / 255.0);
+    return parts;
+}
+
+// What a channel of two digits is of the whole.
+constexpr std::array<float, 256> channelParts = makeChannelParts();
+
 // Reads one field of up to @p digits digits; nothing where there is none.
-std::optional<int> readField(const QString& hex, int& at, int digits) {
+std::optional<int> readField(const char* hex, int size, int& at, int digits) {
     const int begin = at;
     int field = 0;
-    for (int digit; at < hex.size() && at - begin < digits && (digit = hexDigit(hex[at])) >= 0; ++at)
+    for (int digit; at < size && at - begin < digits && (digit = hexDigit(QLatin1Char(hex[at]))) >= 0; ++at)
         field = field * 16 + digit;
     return at == begin ? std::nullopt : std::optional<int>(field);
 }
@@ -90,22 +101,20 @@ constexpr ColourFunction colourFunctions[] = {
 
 } // namespace
 
-ColorPMA parseColor(const QString& hex) {
-    int channels[channelCount] = {0, 0, 0, 255};
-    const int size = hex.size();
+ColorPMA parseColor(const char* hex, int size) {
+    float channels[channelCount] = {0.f, 0.f, 0.f, 1.f};
     const bool isShort = size == 3 || size == 4;
     if (isShort || size == 6 || size == 8) {
         const int digits = isShort ? 1 : 2;
         int at = 0;
         for (int i = 0; i < size / digits; ++i) {
-            const std::optional<int> field = readField(hex, at, digits);
+            const std::optional<int> field = readField(hex, size, at, digits);
             if (!field)
                 break;
-            channels[i] = isShort ? *field * 16 + *field : *field;
+            channels[i] = channelParts[std::size_t(isShort ? *field * 16 + *field : *field)];
         }
     }
-    const auto part = [&channels](int i) { return float(channels[i] / 255.0); };
-    return Color(part(0), part(1), part(2), part(3));
+    return Color(channels[0], channels[1], channels[2], channels[3]);
 }
 
 std::optional<StyleValue> colourFunction(const QString& name, const StyleValue& arguments) {

@@ -11,7 +11,7 @@ namespace Brisko {
 
 /// Reads the 3, 4, 6 or 8 digits behind "#". What is no digit ends the reading, and what was not read stays opaque
 /// black, as does a text of any other length.
-Gorvel::ColorPMA parseColor(const QString& hex);
+Gorvel::ColorPMA parseColor(const char* hex, int size);
 
 /// Evaluates rgb, rgba, hsl, hsla, hsv, hsva and rgba_pma. Hues are in degrees, channels go to 255; percentages are
 /// taken as they are. An argument that is no number counts as 0.

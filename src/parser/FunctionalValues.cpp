@@ -14,29 +14,29 @@ constexpr int longestVector = 4;
 
 // The number of components that vec2 to vec4 with the suffix i, f or none ask for; 0 for any other name.
 int vectorSize(const QString& name) {
-    for (int size = shortestVector; size <= longestVector; ++size) {
-        const QString plain = QStringLiteral("vec%1").arg(size);
-        if (name == plain || name == plain + 'i' || name == plain + 'f')
-            return size;
-    }
-    return 0;
+    const bool hasSuffix = name.endsWith('i') || name.endsWith('f');
+    if (!name.startsWith(QLatin1String("vec")) || name.size() != (hasSuffix ? 5 : 4))
+        return 0;
+    const int size = name[3].unicode() - '0';
+    return size >= shortestVector && size <= longestVector ? size : 0;
 }
 
 } // namespace
 
-StyleValue* ParserDriver::parseFunction(const QString& name, std::unique_ptr<StyleValue> arguments) {
-    const QByteArray utf8Name = name.toUtf8();
+StyleValue* ParserDriver::parseFunction(const QString& name, StyleValue* arguments) {
     if (const int size = vectorSize(name)) {
         Trace::warning("%s:%d: %s() is deprecated syntax", m_fileName.toUtf8().constData(), currentLine(),
-                       utf8Name.constData());
+                       name.toUtf8().constData());
         if (arguments->size() == size && arguments->isUniform() && arguments->isNumber(0))
-            return arguments.release();
-        error("incomprehensible arguments for " + utf8Name);
-        return nullptr;
+            return arguments;
+        error("incomprehensible arguments for " + name.toUtf8());
+    } else if (std::optional<StyleValue> colour = colourFunction(name, *arguments)) {
+        *arguments = std::move(*colour);
+        return arguments;
+    } else {
+        Trace::error("Unknown / unimplemented CSS function %s", name.toUtf8().constData());
     }
-    if (const std::optional<StyleValue> colour = colourFunction(name, *arguments))
-        return new StyleValue(*colour);
-    Trace::error("Unknown / unimplemented CSS function %s", utf8Name.constData());
+    release(arguments);
     return nullptr;
 }
 

@@ -7,19 +7,16 @@
 %define api.pure full
 %define api.prefix {grammar}
 %define api.value.type {Brisko::SemanticValue}
-%define api.location.type {Brisko::TokenLocation}
 %define parse.error verbose
 %define parse.lac none
 %define lr.type lalr
 %define lr.default-reduction most
-%locations
 %expect 0
 %param {Brisko::ParserDriver& driver}
 
 %code requires {
 #include "parser/SemanticValue.h"
 #define GRAMMARSTYPE_IS_TRIVIAL 1
-#define GRAMMARLTYPE_IS_TRIVIAL 1
 namespace Brisko {
 class ParserDriver;
 }
@@ -35,14 +32,41 @@ class ParserDriver;
 using Ondex::Attribute;
 using Ondex::SimpleExpression;
 using Ondex::StyleValue;
+using Brisko::PlainRules;
 using Brisko::Selector;
 using Brisko::SimpleSelector;
 
-static int yylex(YYSTYPE* value, YYLTYPE* location, Brisko::ParserDriver& driver) {
-    return driver.lex(value, location);
+static int yylex(YYSTYPE* value, Brisko::ParserDriver& driver) {
+    return driver.lex(value);
 }
 
-static void yyerror(YYLTYPE*, Brisko::ParserDriver& driver, const char* message) {
+// Behind an item of a list, what is plain passes by the tables, except while they recover from an error: then they count
+// the tokens since. A lookahead may turn out to be part of it.
+template <typename Read>
+static void readPlain(int& lookahead, bool isRecovering, Read read) {
+    const bool isRead = lookahead != GRAMMAREMPTY;
+    if (!isRecovering && read(isRead ? std::optional<int>(lookahead) : std::nullopt))
+        lookahead = GRAMMAREMPTY;
+}
+
+static void readPlainSheet(Brisko::ParserDriver& driver, int& lookahead, bool isRecovering) {
+    readPlain(lookahead, isRecovering, [&driver](std::optional<int> token) {
+        return driver.plainRules().readRuleSets(token, PlainRules::Commit::EachRuleSet);
+    });
+}
+
+static void readPlainRuleSets(Brisko::ParserDriver& driver, int& lookahead, bool isRecovering) {
+    readPlain(lookahead, isRecovering, [&driver](std::optional<int> token) {
+        return driver.plainRules().readRuleSets(token, PlainRules::Commit::Later);
+    });
+}
+
+static void readPlainDeclarations(Brisko::ParserDriver& driver, int& lookahead, bool isRecovering) {
+    readPlain(lookahead, isRecovering,
+              [&driver](std::optional<int> token) { return driver.plainRules().readDeclarations(token); });
+}
+
+static void yyerror(Brisko::ParserDriver& driver, const char* message) {
     driver.error(message);
 }
 }
@@ -89,7 +113,7 @@ static void yyerror(YYLTYPE*, Brisko::ParserDriver& driver, const char* message)
 %type <expression> calc sum product unit
 %type <number> numeric number
 
-%destructor { delete $$; } <text> <selector> <compound> <value> <expression>
+%destructor { driver.release($$); } <selector> <compound> <value> <expression>
 
 %start parser_type
 
@@ -119,11 +143,12 @@ sheet
     ;
 
 stylesheet
-    : %empty
+    : %empty                                    { readPlainSheet(driver, yychar, YYRECOVERING()); }
     | stylesheet CDO ws
     | stylesheet CDC ws
     | stylesheet import ws
-    | stylesheet ruleset                        { driver.commit(); }
+    | stylesheet ruleset                        { driver.commit();
+                                                  readPlainSheet(driver, yychar, YYRECOVERING()); }
     | stylesheet media
     | stylesheet page
     | stylesheet error                          { driver.closeBrokenRule(); }
@@ -147,8 +172,8 @@ rulesets
     ;
 
 ruleset_list
-    : ruleset
-    | ruleset_list ruleset
+    : ruleset                                   { readPlainRuleSets(driver, yychar, YYRECOVERING()); }
+    | ruleset_list ruleset                      { readPlainRuleSets(driver, yychar, YYRECOVERING()); }
     ;
 
 media_list
@@ -162,11 +187,11 @@ medium
 
 page
     : PAGE_SYM ws pseudo_page '{' ws            { driver.ignorePage(); }
-      declarations '}' ws                       { delete $3; }
+      declarations '}' ws
     ;
 
 pseudo_page
-    : %empty                                    { $$ = nullptr; }
+    : %empty                                    { $$ = {}; }
     | ':' IDENT ws                              { $$ = $2; }
     ;
 
@@ -186,9 +211,9 @@ declarations
     ;
 
 declaration_list
-    : declaration ';' ws
+    : declaration ';' ws                        { readPlainDeclarations(driver, yychar, YYRECOVERING()); }
     | error ';' ws
-    | declaration_list declaration ';' ws
+    | declaration_list declaration ';' ws       { readPlainDeclarations(driver, yychar, YYRECOVERING()); }
     | declaration_list error ';' ws
     ;
 
@@ -200,7 +225,7 @@ selectors
     ;
 
 selector
-    : simple_selector ws                        { $$ = driver.chain($1, SimpleSelector::None, new Selector); }
+    : simple_selector ws                        { $$ = driver.chain($1, SimpleSelector::None, driver.selector()); }
     | simple_selector ws '+' ws selector        { $$ = driver.dropSibling($1, $5); }
     | simple_selector ws '>' ws selector        { $$ = driver.chain($1, SimpleSelector::Child, $5); }
     | simple_selector WHITESPACE selector       { $$ = driver.chain($1, SimpleSelector::Descendant, $3); }
@@ -230,14 +255,14 @@ selector_type
     ;
 
 attrib
-    : '[' ws IDENT ws attrib_param ']'          { driver.ignoreAttribute($3); }
+    : '[' ws IDENT ws attrib_param ']'          { driver.ignoreAttribute(); }
     ;
 
 attrib_param
     : %empty
-    | '=' ws attrib_cmp ws                      { delete $3; }
-    | INCLUDES ws attrib_cmp ws                 { delete $3; }
-    | DASHMATCH ws attrib_cmp ws                { delete $3; }
+    | '=' ws attrib_cmp ws
+    | INCLUDES ws attrib_cmp ws
+    | DASHMATCH ws attrib_cmp ws
     ;
 
 attrib_cmp
@@ -247,11 +272,11 @@ attrib_cmp
 
 pseudo
     : ':' IDENT                                 { $$ = $2; }
-    | ':' FUNCTION ws pseudo_param ')'          { $$ = driver.ignoreParameter($2, $4); }
+    | ':' FUNCTION ws pseudo_param ')'          { $$ = driver.ignoreParameter($2); }
     ;
 
 pseudo_param
-    : %empty                                    { $$ = nullptr; }
+    : %empty                                    { $$ = {}; }
     | IDENT ws
     ;
 
@@ -260,12 +285,12 @@ pseudo_param
 declaration
     : property ':' ws                           { driver.setExprError(false); }
       expr prio                                 { driver.declare($1, $5, $6); }
-    | property error ws                         { delete $1; }
-    | property '{' ws error '}' ws              { delete $1; }
-    | property '[' ws error ']' ws              { delete $1; }
-    | property '(' ws error ')' ws              { delete $1; }
-    | property '"' ws error '"' ws              { delete $1; }
-    | property '\'' ws error '\'' ws            { delete $1; }
+    | property error ws
+    | property '{' ws error '}' ws
+    | property '[' ws error ']' ws
+    | property '(' ws error ')' ws
+    | property '"' ws error '"' ws
+    | property '\'' ws error '\'' ws
     ;
 
 prio
@@ -283,12 +308,12 @@ expr
     ;
 
 term
-    : INTEGER ws                                { $$ = new StyleValue($1); }
-    | REAL ws                                   { $$ = new StyleValue($1, Attribute::VU_UNKNOWN); }
-    | PERCENTAGE ws                             { $$ = new StyleValue($1, Attribute::VU_PERCENTAGE); }
-    | PXS ws                                    { $$ = new StyleValue($1, Attribute::VU_PXS); }
-    | EMS ws                                    { $$ = new StyleValue($1, Attribute::VU_EMS); }
-    | EXS ws                                    { $$ = new StyleValue($1, Attribute::VU_EXS); }
+    : INTEGER ws                                { $$ = driver.value(int($1)); }
+    | REAL ws                                   { $$ = driver.value(float($1), Attribute::VU_UNKNOWN); }
+    | PERCENTAGE ws                             { $$ = driver.value(float($1), Attribute::VU_PERCENTAGE); }
+    | PXS ws                                    { $$ = driver.value(float($1), Attribute::VU_PXS); }
+    | EMS ws                                    { $$ = driver.value(float($1), Attribute::VU_EMS); }
+    | EXS ws                                    { $$ = driver.value(float($1), Attribute::VU_EXS); }
     | STRING ws                                 { $$ = driver.textValue($1); }
     | URI ws                                    { $$ = driver.textValue($1); }
     | IDENT ws                                  { $$ = driver.keywordValue($1); }
@@ -320,12 +345,12 @@ sum
 product
     : unit ws
     | product '*' ws unit ws                    { $$ = driver.combine($1, SimpleExpression::TAG_MUL, $4); }
-    | product '/' ws number ws                  { ($$ = $1)->replace(SimpleExpression::TAG_DIV, $4); }
+    | product '/' ws number ws                  { ($$ = $1)->replace(SimpleExpression::TAG_DIV, float($4)); }
     ;
 
 unit
-    : numeric                                   { $$ = new SimpleExpression($1); }
-    | PERCENTAGE                                { $$ = driver.fractionOfReference($1); }
+    : numeric                                   { $$ = new SimpleExpression(float($1)); }
+    | PERCENTAGE                                { $$ = driver.fractionOfReference(float($1)); }
     | '(' ws sum ')'                            { $$ = $3; }
     | calc
     ;
@@ -338,7 +363,7 @@ numeric
     ;
 
 number
-    : INTEGER                                   { $$ = float($1); }
+    : INTEGER                                   { $$ = double(float($1)); }
     | REAL
     ;
 

@@ -11,11 +11,6 @@ using Ondex::StyleValue;
 
 namespace {
 
-QByteArray takeUtf8(QString* text) {
-    const std::unique_ptr<QString> owned(text);
-    return owned->toUtf8();
-}
-
 const char* brokenMessage(StyleValue::Separator separator) {
     switch (separator) {
     case StyleValue::SEPARATOR_COMMA:
@@ -29,26 +24,30 @@ const char* brokenMessage(StyleValue::Separator separator) {
 
 } // namespace
 
-// Sheets
-
-void ParserDriver::checkCharset(QString* charset) {
-    const std::unique_ptr<QString> owned(charset);
-    if (owned->compare(QLatin1String("UTF-8"), Qt::CaseInsensitive) != 0)
-        error("Unsupported character encoding '" + owned->toUtf8() + "'");
+void ParserDriver::release(SimpleExpression* expression) {
+    delete expression;
 }
 
-void ParserDriver::ignoreRule(QString* name) {
-    error("Ignoring unknown @rule " + takeUtf8(name));
+// Sheets
+
+void ParserDriver::checkCharset(const TokenText& charset) {
+    const QString name = charset.toString();
+    if (name.compare(QLatin1String("UTF-8"), Qt::CaseInsensitive) != 0)
+        error("Unsupported character encoding '" + name.toUtf8() + "'");
+}
+
+void ParserDriver::ignoreRule(const TokenText& name) {
+    error("Ignoring unknown @rule " + name.toUtf8());
 }
 
 void ParserDriver::ignorePage() {
     error("@page rules are ignored");
 }
 
-bool ParserDriver::matchesMedium(QString* medium) {
-    const std::unique_ptr<QString> owned(medium);
-    return owned->compare(m_media, Qt::CaseInsensitive) == 0 ||
-           owned->compare(QLatin1String("all"), Qt::CaseInsensitive) == 0;
+bool ParserDriver::matchesMedium(const TokenText& medium) const {
+    const QString name = medium.toString();
+    return name.compare(m_media, Qt::CaseInsensitive) == 0 ||
+           name.compare(QLatin1String("all"), Qt::CaseInsensitive) == 0;
 }
 
 void ParserDriver::parseRule() {
@@ -79,117 +78,104 @@ void ParserDriver::closeBrokenMedia(bool mediaMatch) {
 // Selectors
 
 void ParserDriver::add(Selector* selector) {
-    const std::unique_ptr<Selector> owned(selector);
-    m_rules.add(*owned);
+    m_rules.add(m_selectors.take(selector));
 }
 
-Selector* ParserDriver::chain(SimpleSelector* compound, SimpleSelector::Combinator combinator, Selector* right) {
-    right->prepend(compound, combinator);
+Selector* ParserDriver::selector() {
+    return m_selectors.make();
+}
+
+Selector* ParserDriver::chain(Compound* compound, SimpleSelector::Combinator combinator, Selector* right) {
+    right->prepend(m_compounds.take(compound), combinator);
     return right;
 }
 
-Selector* ParserDriver::dropSibling(SimpleSelector* compound, Selector* right) {
-    const std::unique_ptr<SimpleSelector> dropped(compound);
+Selector* ParserDriver::dropSibling(Compound* compound, Selector* right) {
+    m_compounds.release(compound);
     Trace::error("Sibling selectors are not supported");
     return right;
 }
 
-SimpleSelector* ParserDriver::compound() const {
-    return new SimpleSelector(m_origin, QByteArray(), QString());
+ParserDriver::Compound* ParserDriver::compound() {
+    return m_compounds.make(std::make_shared<SimpleSelector>(m_origin, QByteArray(), QString()));
 }
 
-SimpleSelector* ParserDriver::withType(SimpleSelector* compound, QString* type) const {
-    compound->setType(takeUtf8(type));
+ParserDriver::Compound* ParserDriver::withType(Compound* compound, const TokenText& type) {
+    (*compound)->setType(m_names.name(type));
     return compound;
 }
 
-SimpleSelector* ParserDriver::withId(SimpleSelector* compound, QString* id) const {
-    const std::unique_ptr<QString> owned(id);
-    compound->addId(*owned);
+ParserDriver::Compound* ParserDriver::withId(Compound* compound, const TokenText& id) {
+    (*compound)->addId(id.toString());
     return compound;
 }
 
-SimpleSelector* ParserDriver::withClass(SimpleSelector* compound, QString* name) const {
-    compound->addClass(takeUtf8(name));
+ParserDriver::Compound* ParserDriver::withClass(Compound* compound, const TokenText& name) {
+    (*compound)->addClass(m_names.lowerName(name));
     return compound;
 }
 
-SimpleSelector* ParserDriver::withPseudoClass(SimpleSelector* compound, QString* name) const {
-    compound->addPseudoClass(takeUtf8(name));
+ParserDriver::Compound* ParserDriver::withPseudoClass(Compound* compound, const TokenText& name) {
+    (*compound)->addPseudoClass(m_names.name(name));
     return compound;
 }
 
-void ParserDriver::ignoreAttribute(QString* name) {
-    const std::unique_ptr<QString> dropped(name);
+void ParserDriver::ignoreAttribute() {
     error("Attribute selectors not implemented");
 }
 
-QString* ParserDriver::ignoreParameter(QString* function, QString* parameter) {
-    const std::unique_ptr<QString> dropped(parameter);
+TokenText ParserDriver::ignoreParameter(const TokenText& function) {
     error("Function-like pseudo-selectors not implemented");
     return function;
 }
 
 // Declarations and values
 
-QString ParserDriver::source() {
-    if (m_sourceLine != currentLine()) {
-        m_sourceLine = currentLine();
-        m_source = m_fileName + ':' + QString::number(m_sourceLine);
-    }
-    return m_source;
-}
-
-void ParserDriver::declare(QString* property, StyleValue* value, bool important) {
-    const std::unique_ptr<QString> ownedProperty(property);
-    const std::unique_ptr<StyleValue> ownedValue(value);
-    if (!m_tokens.exprError() && property && value)
-        m_rules.add(Declaration(property->toUtf8(), *value, important), *m_sheet, source());
+void ParserDriver::declare(const TokenText& property, StyleValue* value, bool important) {
+    if (!m_tokens.exprError() && value)
+        m_rules.add(Declaration(m_names.name(property), std::move(*value), important), *m_sheet, m_fileName,
+                    currentLine());
+    m_values.release(value);
     m_tokens.setExprError(false);
 }
 
 void ParserDriver::setExpr(StyleValue* value) {
-    const std::unique_ptr<StyleValue> owned(value);
-    if (owned)
-        m_expr = *owned;
+    if (value)
+        m_expr = m_values.take(value);
 }
 
 StyleValue* ParserDriver::append(StyleValue* left, StyleValue::Separator separator, StyleValue* right) {
-    std::unique_ptr<StyleValue> list(left);
-    const std::unique_ptr<StyleValue> term(right);
-    if (!list || !term) {
+    if (!left || !right) {
+        release(left);
+        release(right);
         error(brokenMessage(separator));
         return nullptr;
     }
-    list->append(*term, separator);
-    return list.release();
+    left->append(m_values.take(right), separator);
+    return left;
 }
 
-StyleValue* ParserDriver::textValue(QString* text) const {
-    const std::unique_ptr<QString> owned(text);
-    return new StyleValue(*owned);
+StyleValue* ParserDriver::textValue(const TokenText& text) {
+    return m_values.make(text.toString());
 }
 
-StyleValue* ParserDriver::keywordValue(QString* name) const {
-    return new StyleValue(takeUtf8(name));
+StyleValue* ParserDriver::keywordValue(const TokenText& name) {
+    return m_values.make(m_names.name(name));
 }
 
-StyleValue* ParserDriver::calcValue(SimpleExpression* expression) const {
+StyleValue* ParserDriver::calcValue(SimpleExpression* expression) {
     const std::unique_ptr<SimpleExpression> owned(expression);
-    return new StyleValue(*owned);
+    return m_values.make(*owned);
 }
 
-StyleValue* ParserDriver::colorValue(QString* hex) const {
-    const std::unique_ptr<QString> owned(hex);
-    return new StyleValue(parseColor(*owned));
+StyleValue* ParserDriver::colorValue(const TokenText& hex) {
+    return m_values.make(parseColor(hex.begin(), hex.size()));
 }
 
-StyleValue* ParserDriver::call(QString* function, StyleValue* arguments) {
-    const std::unique_ptr<QString> name(function);
-    std::unique_ptr<StyleValue> owned(arguments);
-    if (owned)
-        return parseFunction(name->toLower(), std::move(owned));
-    error("Function " + name->toUtf8() + " has no parameters");
+StyleValue* ParserDriver::call(const TokenText& function, StyleValue* arguments) {
+    if (arguments)
+        return parseFunction(function.toString().toLower(), arguments);
+    error("Function " + function.toUtf8() + " has no parameters");
     return nullptr;
 }
 

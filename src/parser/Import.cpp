@@ -44,18 +44,16 @@ void ParserDriver::import(const QString& path) {
         Trace::error("CSSParser::import # Failed @import %s", path.toUtf8().constData());
 }
 
-void ParserDriver::importString(QString* path, bool mediaMatch) {
-    const std::unique_ptr<QString> owned(path);
+void ParserDriver::importString(const TokenText& path, bool mediaMatch) {
     if (mediaMatch)
-        import(*path);
+        import(path.toString());
 }
 
-void ParserDriver::importURI(QString* uri, bool mediaMatch) {
-    const std::unique_ptr<QString> owned(uri);
+void ParserDriver::importURI(const TokenText& uri, bool mediaMatch) {
     if (!mediaMatch)
         return;
     Trace::error("CSSParser::importURI # URI import is not fully implemented");
-    import(*uri);
+    import(uri.toString());
 }
 
 } // namespace Brisko

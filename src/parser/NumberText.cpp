@@ -22,7 +22,7 @@ bool isLarge(const char* begin, const char* end) {
 
 } // namespace
 
-double readReal(const char* begin, const char* end) {
+double readLongReal(const char* begin, const char* end) {
     const char* const first = skipPlus(begin, end);
     double number = 0;
     const auto result = std::from_chars(first, end, number, std::chars_format::fixed);
@@ -32,7 +32,7 @@ double readReal(const char* begin, const char* end) {
     return *first == '-' ? -magnitude : magnitude;
 }
 
-int readInteger(const char* begin, const char* end) {
+int readLongInteger(const char* begin, const char* end) {
     const char* const first = skipPlus(begin, end);
     int number = 0;
     const auto result = std::from_chars(first, end, number);

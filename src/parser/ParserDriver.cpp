@@ -111,12 +111,13 @@ void ParserDriver::startTokens(int startToken, const QByteArray& text) {
     m_tokens.start(startToken, text, dpi());
 }
 
-void ParserDriver::stopTokens() {
-    m_tokens.stop();
+void ParserDriver::startTokensByRules(int startToken, const QByteArray& text) {
+    startTokens(startToken, text);
+    m_tokens.readByRulesOnly();
 }
 
-int ParserDriver::lex(SemanticValue* value, TokenLocation*) {
-    return m_tokens.lex(value);
+void ParserDriver::stopTokens() {
+    m_tokens.stop();
 }
 
 void ParserDriver::error(const QByteArray& message) {
@@ -131,7 +132,6 @@ void ParserDriver::reset(StyleSheet* sheet, QStringList* fileList, const QString
     m_canonicalPath.clear();
     m_origin = origin;
     m_rules.clear();
-    m_sourceLine = -1;
 }
 
 // What was read before the grammar gave up counts.
@@ -149,6 +149,7 @@ bool ParserDriver::run(int startToken, const Source& source) {
     m_tokens.start(startToken, source, dpi());
     const int result = m_grammar(*this);
     m_tokens.stop();
+    m_names.clear();
     return result == 0;
 }
 

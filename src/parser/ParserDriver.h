@@ -2,6 +2,9 @@
 
 #include "Brisko/CSSParser.h"
 #include "Ondex/SimpleExpression.h"
+#include "parser/ParsedNames.h"
+#include "parser/ObjectPool.h"
+#include "parser/PlainRules.h"
 #include "parser/RuleAssembly.h"
 #include "parser/SemanticValue.h"
 #include "parser/TokenFilter.h"
@@ -11,12 +14,15 @@ namespace Brisko {
 /// State of a parser and everything that the actions of the grammar call. One parse at a time; every parse begins with
 /// a reset.
 ///
-/// The functions called by the grammar own the pointers they are given, and give away those they return.
+/// The functions called by the grammar own the pointers they are given, and give away those they return; release() is
+/// for those that the grammar has no use for.
 /// Exported for the tests of the grammar only; not installed.
 class BRISKO_EXPORT ParserDriver {
 public:
     /// A parser made from a grammar file; 0 where it read the text to its end.
     using Grammar = int (*)(ParserDriver&);
+    /// A compound that is being built.
+    using Compound = std::shared_ptr<SimpleSelector>;
 
     ParserDriver();
     ~ParserDriver();
@@ -43,21 +49,32 @@ public:
 
     /// Starts on a text without a grammar: the tokens are the caller's to read with lex(), up to stopTokens().
     void startTokens(int startToken, const QByteArray& text);
+    /// The same with all tokens read by the rules of Scanner.l.
+    void startTokensByRules(int startToken, const QByteArray& text);
     void stopTokens();
-    int currentLine() const { return m_tokens.currentLine(); }
+    int currentLine() { return m_tokens.currentLine(); }
 
     // Called by the grammar: tokens and messages.
-    int lex(SemanticValue* value, TokenLocation* location);
+    int lex(SemanticValue* value) { return m_tokens.lex(value); }
     /// Reports a mistake with the file and the current line.
     void error(const QByteArray& message);
 
+    /// The way past the grammar for what is plain.
+    PlainRules& plainRules() { return m_plainRules; }
+
+    // Called by the grammar: what became of a symbol that was dropped.
+    void release(Selector* selector) { m_selectors.release(selector); }
+    void release(Compound* compound) { m_compounds.release(compound); }
+    void release(Ondex::StyleValue* value) { m_values.release(value); }
+    void release(Ondex::SimpleExpression* expression);
+
     // Called by the grammar: sheets.
-    void checkCharset(QString* charset);
-    void ignoreRule(QString* name);
+    void checkCharset(const TokenText& charset);
+    void ignoreRule(const TokenText& name);
     void ignorePage();
-    bool matchesMedium(QString* medium);
-    void importString(QString* path, bool mediaMatch);
-    void importURI(QString* uri, bool mediaMatch);
+    bool matchesMedium(const TokenText& medium) const;
+    void importString(const TokenText& path, bool mediaMatch);
+    void importURI(const TokenText& uri, bool mediaMatch);
     void parseRule();
     void commit();
     void closeBrokenRule();
@@ -66,27 +83,30 @@ public:
 
     // Called by the grammar: selectors.
     void add(Selector* selector);
-    Selector* chain(SimpleSelector* compound, SimpleSelector::Combinator combinator, Selector* right);
-    Selector* dropSibling(SimpleSelector* compound, Selector* right);
-    SimpleSelector* compound() const;
-    SimpleSelector* withType(SimpleSelector* compound, QString* type) const;
-    SimpleSelector* withId(SimpleSelector* compound, QString* id) const;
-    SimpleSelector* withClass(SimpleSelector* compound, QString* name) const;
-    SimpleSelector* withPseudoClass(SimpleSelector* compound, QString* name) const;
-    void ignoreAttribute(QString* name);
-    QString* ignoreParameter(QString* function, QString* parameter);
+    Selector* selector();
+    Selector* chain(Compound* compound, SimpleSelector::Combinator combinator, Selector* right);
+    Selector* dropSibling(Compound* compound, Selector* right);
+    Compound* compound();
+    Compound* withType(Compound* compound, const TokenText& type);
+    Compound* withId(Compound* compound, const TokenText& id);
+    Compound* withClass(Compound* compound, const TokenText& name);
+    Compound* withPseudoClass(Compound* compound, const TokenText& name);
+    void ignoreAttribute();
+    TokenText ignoreParameter(const TokenText& function);
 
     // Called by the grammar: declarations and values.
     void setExprError(bool error) { m_tokens.setExprError(error); }
-    void declare(QString* property, Ondex::StyleValue* value, bool important);
+    void declare(const TokenText& property, Ondex::StyleValue* value, bool important);
     void setExpr(Ondex::StyleValue* value);
     Ondex::StyleValue* append(Ondex::StyleValue* left, Ondex::StyleValue::Separator separator,
                               Ondex::StyleValue* right);
-    Ondex::StyleValue* textValue(QString* text) const;
-    Ondex::StyleValue* keywordValue(QString* name) const;
-    Ondex::StyleValue* calcValue(Ondex::SimpleExpression* expression) const;
-    Ondex::StyleValue* colorValue(QString* hex) const;
-    Ondex::StyleValue* call(QString* function, Ondex::StyleValue* arguments);
+    Ondex::StyleValue* value(int number) { return m_values.make(number); }
+    Ondex::StyleValue* value(float number, Ondex::Attribute::ValueUnit unit) { return m_values.make(number, unit); }
+    Ondex::StyleValue* textValue(const TokenText& text);
+    Ondex::StyleValue* keywordValue(const TokenText& name);
+    Ondex::StyleValue* calcValue(Ondex::SimpleExpression* expression);
+    Ondex::StyleValue* colorValue(const TokenText& hex);
+    Ondex::StyleValue* call(const TokenText& function, Ondex::StyleValue* arguments);
     Ondex::SimpleExpression* combine(Ondex::SimpleExpression* left, Ondex::SimpleExpression::Tag tag,
                                      Ondex::SimpleExpression* right) const;
     Ondex::SimpleExpression* fractionOfReference(float fraction) const;
@@ -103,11 +123,15 @@ private:
     bool mayOpen(const QString& path) const;
     void import(const QString& path);
 
-    Ondex::StyleValue* parseFunction(const QString& name, std::unique_ptr<Ondex::StyleValue> arguments);
-    QString source();
+    Ondex::StyleValue* parseFunction(const QString& name, Ondex::StyleValue* arguments);
 
     TokenFilter m_tokens;
+    PlainRules m_plainRules{*this, m_tokens};
     RuleAssembly m_rules;
+    ParsedNames m_names;
+    ObjectPool<Ondex::StyleValue> m_values;
+    ObjectPool<Compound> m_compounds;
+    ObjectPool<Selector> m_selectors;
     Grammar m_grammar;
     SimpleSelector::Origin m_origin = SimpleSelector::AuthorOrigin;
     Ondex::StyleValue m_expr;
@@ -116,8 +140,6 @@ private:
     QString m_fileName;
     QStringList* m_fileList = nullptr;
     StyleSheet* m_sheet = nullptr;
-    QString m_source;      // "file:line" of m_sourceLine
-    int m_sourceLine = -1; // -1: m_source is not set
     const ParserDriver* m_importer = nullptr;
     QString m_canonicalPath; // of the file being parsed, otherwise empty
 };

@@ -2,13 +2,13 @@
 
 #include "Gorvel/Trace.h"
 #include "Scanner.h"
-#include "parser/Tokens.h"
 
 #include <algorithm>
-#include <utility>
+#include <climits>
 
 // The generated scanner, as Scanner.l declares it.
 int scannerlex(Brisko::SemanticValue* value, yyscan_t scanner);
+void scannermoveto(char* place, yyscan_t scanner);
 
 namespace Brisko {
 
@@ -19,99 +19,81 @@ namespace {
 constexpr char byteOrderMark[] = "\xef\xbb\xbf";
 constexpr int byteOrderMarkSize = sizeof byteOrderMark - 1;
 
+// What the generated scanner wants to find behind the text.
+constexpr std::size_t endMarkSize = 2;
+
+// Its lengths are of this type.
+constexpr std::size_t maximumSize = INT_MAX - endMarkSize;
+
 // What a NUL byte is to the rules: a byte that they do not name.
 constexpr char zeroMask = '\x01';
 
+std::string readAll(std::FILE* file) {
+    std::string text;
+    std::size_t size = 0;
+    do {
+        text.resize(std::max<std::size_t>(2 * size, BUFSIZ));
+        size += std::fread(&text[size], 1, text.size() - size, file);
+    } while (size == text.size() && size <= maximumSize);
+    if (std::ferror(file) || size > maximumSize)
+        Trace::error("CSS parser: read failed");
+    text.resize(std::min(size, maximumSize));
+    return text;
+}
+
 } // namespace
 
-RawScanner::RawScanner(int startToken) : m_startToken(startToken) {
-    if (scannerlex_init_extra(this, &m_scanner) != 0)
-        m_ended = true;
+RawScanner::RawScanner(int startToken, std::string text, int firstLine)
+    : m_startToken(startToken), m_text(std::move(text)), m_begin(m_text.data()), m_end(m_begin),
+      m_lines(m_begin, firstLine) {
+    if (m_text.compare(0, byteOrderMarkSize, byteOrderMark) == 0)
+        m_end += byteOrderMarkSize;
 }
 
-RawScanner::RawScanner(int startToken, const QByteArray& bytes) : RawScanner(startToken) {
-    m_bytes = bytes;
-    m_nextByte = bytes.startsWith(byteOrderMark) ? byteOrderMarkSize : 0;
-}
+RawScanner::RawScanner(int startToken, const QByteArray& bytes)
+    : RawScanner(startToken, std::string(bytes.constData(), std::size_t(bytes.size())), 0) {}
 
-RawScanner::RawScanner(int startToken, std::FILE* file) : RawScanner(startToken) {
-    m_file = file;
-    m_line = 1;
-    char start[byteOrderMarkSize];
-    const std::size_t size = std::fread(start, 1, byteOrderMarkSize, file);
-    if (size < byteOrderMarkSize || std::memcmp(start, byteOrderMark, byteOrderMarkSize) != 0)
-        std::rewind(file);
-}
+RawScanner::RawScanner(int startToken, std::FILE* file) : RawScanner(startToken, readAll(file), 1) {}
 
 RawScanner::~RawScanner() {
     if (m_scanner)
         scannerlex_destroy(m_scanner);
 }
 
-int RawScanner::next(SemanticValue* value) {
-    if (m_startToken != 0)
-        return std::exchange(m_startToken, 0);
+// The generated scanner writes into its text, and goes over a token again for every NUL byte in it, which takes the
+// square of the time. So it gets a copy in which they are masked.
+bool RawScanner::startRules() {
+    m_buffer.reserve(m_text.size() + endMarkSize);
+    m_buffer = m_text;
+    std::replace(m_buffer.begin(), m_buffer.end(), '\0', zeroMask);
+    m_buffer.append(endMarkSize, '\0');
+    if (scannerlex_init_extra(this, &m_scanner) != 0)
+        return false;
+    scanner_scan_buffer(m_buffer.data(), m_buffer.size(), m_scanner);
+    return true;
+}
+
+int RawScanner::nextByRules(SemanticValue* value) {
+    int token = 0;
+    m_ended = m_ended || m_end == textEnd();
     if (m_ended)
         return 0;
-    int token = 0;
     try {
-        token = scannerlex(value, m_scanner);
+        if (m_scanner || startRules()) {
+            scannermoveto(m_buffer.data() + (m_end - m_text.data()), m_scanner);
+            token = scannerlex(value, m_scanner);
+        }
     } catch (const ScannerFailure& failure) {
         Trace::error("CSS parser: %s", failure.message);
     }
     m_ended = token == 0;
+    m_begin = m_ended ? textEnd() : m_text.data() + (scannerget_text(m_scanner) - m_buffer.data());
+    m_end = m_ended ? textEnd() : m_begin + scannerget_leng(m_scanner);
     return token;
 }
 
-const char* RawScanner::text() const {
-    return scannerget_text(m_scanner);
-}
-
-int RawScanner::length() const {
-    return int(scannerget_leng(m_scanner));
-}
-
-int RawScanner::read(char* buffer, int size) {
-    const int count = readInput(buffer, size);
-    maskZeros(buffer, count);
-    m_readOffset += count;
-    return count;
-}
-
-int RawScanner::readInput(char* buffer, int size) {
-    if (m_file) {
-        const int count = int(std::fread(buffer, 1, std::size_t(size), m_file));
-        if (count < size && std::ferror(m_file))
-            Trace::error("CSS parser: read failed");
-        return count;
-    }
-    const int count = std::min(size, m_bytes.size() - m_nextByte);
-    std::memcpy(buffer, m_bytes.constData() + m_nextByte, std::size_t(count));
-    m_nextByte += count;
-    return count;
-}
-
-// The generated scanner goes over a token again for every NUL byte in it, which takes the square of the time. It never
-// sees one: they are masked where they are read, and put back before anybody looks at the token.
-void RawScanner::maskZeros(char* buffer, int size) {
-    char* const end = buffer + size;
-    for (char* zero = buffer; (zero = static_cast<char*>(std::memchr(zero, '\0', std::size_t(end - zero)))); ++zero) {
-        m_zeros.push_back(m_readOffset + (zero - buffer));
-        *zero = zeroMask;
-    }
-}
-
-void RawScanner::restoreZeros(char* text, int length) {
-    const qint64 begin = m_tokenEnd - length;
-    for (; m_nextZero < m_zeros.size() && m_zeros[m_nextZero] < m_tokenEnd; ++m_nextZero)
-        text[m_zeros[m_nextZero] - begin] = '\0';
-    if (m_nextZero == m_zeros.size()) {
-        m_zeros.clear();
-        m_nextZero = 0;
-    }
-}
-
-int RawScanner::characterToken(char character) {
+int RawScanner::characterToken(const char* at) const {
+    const char character = m_text[std::size_t(at - m_buffer.data())];
     return character == '\0' ? int(TokenInvalid) : int(static_cast<unsigned char>(character));
 }
 

@@ -1,80 +1,81 @@
 #pragma once
 
+#include "Brisko/Export.h"
+#include "parser/LineCounter.h"
+#include "parser/PlainScanner.h"
+
 #include <QByteArray>
-#include <QtGlobal>
 
 #include <cstdio>
-#include <cstring>
-#include <vector>
+#include <string>
+#include <utility>
 
 namespace Brisko {
-
-union SemanticValue;
 
 /// Thrown by the generated scanner where it cannot go on, and caught by RawScanner.
 struct ScannerFailure {
     const char* message;
 };
 
-/// Cuts CSS text into tokens by the rules of Scanner.l, and counts its lines. For one text; TokenFilter refines what
-/// comes out.
-class RawScanner {
+/// Cuts CSS text into tokens by the rules of Scanner.l. For one text; TokenFilter refines what comes out.
+///
+/// Exported for the tests of the grammar only; not installed.
+class BRISKO_EXPORT RawScanner {
 public:
-    /// Scans bytes, whose lines count from 0. The token @p startToken comes before the text.
+    /// Scans a copy of some bytes, whose lines count from 0. The token @p startToken comes before the text.
     RawScanner(int startToken, const QByteArray& bytes);
-    /// Scans the rest of an open file, whose lines count from 1. The file stays the caller's and is used until the end.
+    /// Scans the rest of an open file, whose lines count from 1.
     RawScanner(int startToken, std::FILE* file);
     ~RawScanner();
     RawScanner(const RawScanner&) = delete;
     RawScanner& operator=(const RawScanner&) = delete;
 
     /// Reads the next token; 0 at the end of the text and from then on. Fills @p value for numbers only.
-    int next(SemanticValue* value);
+    int next(SemanticValue* value) {
+        if (m_startToken != 0)
+            return std::exchange(m_startToken, 0);
+        m_begin = m_end;
+        if (m_readsPlainTokens) {
+            if (const int token = PlainScanner::next(m_end, value))
+                return token;
+        }
+        return nextByRules(value);
+    }
 
-    /// Text of the token read last; the next one overwrites it.
-    const char* text() const;
-    int length() const;
-    /// The line that the next token begins on, blanks before it not counted.
-    int line() const { return m_line; }
+    /// Leaves all tokens to the rules from now on.
+    void readByRulesOnly() { m_readsPlainTokens = false; }
+
+    /// Text of the token read last, valid as long as the scanner.
+    const char* text() const { return m_begin; }
+    /// The end of that text, where the next token begins or what is skipped before it.
+    const char* place() const { return m_end; }
+    bool isEnd(const char* place) const { return place == textEnd(); }
+    /// Goes on at a place in the text.
+    void moveTo(const char* place) { m_begin = m_end = place; }
+    /// The line of a place; never one before the place asked for last.
+    int lineAt(const char* place) { return m_lines.lineAt(place); }
 
     // Called by the generated scanner.
-    int read(char* buffer, int size);
-    void matched(char* text, int length);
     /// The token of a character that no other rule takes: its code; a NUL byte is no end of the text.
-    static int characterToken(char character);
+    int characterToken(const char* at) const;
     void reportOpenComment();
     void reportBadURI();
 
 private:
-    explicit RawScanner(int startToken);
-    int readInput(char* buffer, int size);
-    void maskZeros(char* buffer, int size);
-    void restoreZeros(char* text, int length);
+    RawScanner(int startToken, std::string text, int firstLine);
+    bool startRules();
+    int nextByRules(SemanticValue* value);
+    const char* textEnd() const { return m_text.data() + m_text.size(); }
 
-    void* m_scanner = nullptr;
     int m_startToken;
-    int m_line = 0;
+    bool m_readsPlainTokens = true;
     bool m_ended = false;
-    std::FILE* m_file = nullptr;
-    QByteArray m_bytes;
-    int m_nextByte = 0;
-    qint64 m_readOffset = 0;
-    qint64 m_tokenEnd = 0;
-    std::vector<qint64> m_zeros; // offsets of the NUL bytes that were read
-    std::size_t m_nextZero = 0;  // the first of them that was in no token yet
+    const std::string m_text;
+    const char* m_begin;
+    const char* m_end;
+    LineCounter m_lines;
+    std::string m_buffer; // what the generated scanner works on; empty as long as it is not needed
+    void* m_scanner = nullptr;
 };
-
-inline void RawScanner::matched(char* text, int length) {
-    m_tokenEnd += length;
-    if (!m_zeros.empty())
-        restoreZeros(text, length);
-    if (length == 1) {
-        m_line += *text == '\n';
-        return;
-    }
-    const char* const end = text + length;
-    for (const char* from = text; (from = static_cast<const char*>(std::memchr(from, '\n', end - from))); ++from)
-        ++m_line;
-}
 
 } // namespace Brisko

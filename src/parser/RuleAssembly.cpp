@@ -14,16 +14,16 @@ void RuleAssembly::clear() {
     m_pending.clear();
 }
 
-void RuleAssembly::add(const Selector& selector) {
-    m_selectors.push_back(selector);
+void RuleAssembly::add(Selector selector) {
+    m_selectors.push_back(std::move(selector));
     Trace::debug("CSSParser::add(Selector*) # selector pushed (stack %d)", int(m_selectors.size()));
 }
 
-void RuleAssembly::add(const Declaration& declaration, StyleSheet& sheet, const QString& source) {
+void RuleAssembly::add(Declaration declaration, StyleSheet& sheet, const QString& file, int line) {
     if (declaration.value().isEmpty())
         return;
-    m_declarations.push_back(declaration);
-    sheet.setId(m_declarations.back(), source);
+    m_declarations.push_back(std::move(declaration));
+    sheet.setId(m_declarations.back(), file, line);
     Trace::debug("CSSParser::add(Declaration&) # declaration pushed (stack %d)", int(m_declarations.size()));
 }
 
@@ -33,16 +33,16 @@ void RuleAssembly::parseRule() {
                      int(m_declarations.size()));
         const auto declarations = std::make_shared<const Rule::Declarations>(
             std::make_move_iterator(m_declarations.begin()), std::make_move_iterator(m_declarations.end()));
-        for (const Selector& selector : m_selectors)
-            m_pending.emplace_back(selector, declarations);
+        for (Selector& selector : m_selectors)
+            m_pending.emplace_back(std::move(selector), declarations);
     }
     clearStacks();
 }
 
 void RuleAssembly::commit(StyleSheet& sheet) {
     Trace::debug("CSSParser::commit # %d rules", int(m_pending.size()));
-    for (const Rule& rule : m_pending)
-        sheet.declare(rule);
+    for (Rule& rule : m_pending)
+        sheet.declare(std::move(rule));
     m_pending.clear();
 }
 

@@ -17,10 +17,11 @@ public:
     /// Forgets everything.
     void clear();
 
-    void add(const Selector& selector);
+    void add(Selector selector);
     /// Adds a declaration, unless its value is empty, and gives it its number in the sheet.
-    /// @param source  where it was written, as "file:line"
-    void add(const Declaration& declaration, StyleSheet& sheet, const QString& source);
+    /// @param file  the text that it was written in
+    /// @param line  and where
+    void add(Declaration declaration, StyleSheet& sheet, const QString& file, int line);
 
     /// Makes a pending rule of each selector with all declarations, and forgets both.
     void parseRule();

@@ -1,6 +1,8 @@
 #pragma once
 
-class QString;
+#include "parser/TokenText.h"
+
+#include <memory>
 
 namespace Ondex {
 class SimpleExpression;
@@ -12,25 +14,20 @@ namespace Brisko {
 class Selector;
 class SimpleSelector;
 
-/// What a symbol of the grammar carries. The symbol says which member is live; pointers are owned by whoever holds the
-/// symbol and may be null.
+/// What a symbol of the grammar carries. The symbol says which member is live. What the pointers point at is the
+/// driver's, to be given back to it; they may be null.
+///
+/// Every part has eight bytes, also where less would do: the parser copies values as a whole right after they were
+/// written, and a processor waits when it reads together what was written in smaller pieces.
 union SemanticValue {
-    int integer;
-    float number;
-    bool flag;
-    QString* text;
+    qint64 integer; // an int
+    double number;  // a float
+    quint64 flag;   // a bool
+    TokenText text;
     Selector* selector;
-    SimpleSelector* compound;
+    std::shared_ptr<SimpleSelector>* compound;
     Ondex::StyleValue* value;
     Ondex::SimpleExpression* expression;
-};
-
-/// Place of a symbol. Nothing fills it: messages take their line from the token filter.
-struct TokenLocation {
-    int first_line;
-    int first_column;
-    int last_line;
-    int last_column;
 };
 
 } // namespace Brisko

@@ -16,7 +16,7 @@ TokenDump describe(int token, const SemanticValue& value, int line) {
     case STRING:
     case URI:
     case FUNCTION:
-        dump.text = *std::unique_ptr<QString>(value.text);
+        dump.text = value.text.toString();
         break;
     case INTEGER:
         dump.number = value.integer;
@@ -34,19 +34,28 @@ TokenDump describe(int token, const SemanticValue& value, int line) {
     return dump;
 }
 
+std::vector<TokenDump> readAll(ParserDriver& driver) {
+    SemanticValue value{};
+    driver.lex(&value);
+    std::vector<TokenDump> tokens;
+    while (const int token = driver.lex(&value))
+        tokens.push_back(describe(token, value, driver.currentLine()));
+    driver.stopTokens();
+    return tokens;
+}
+
 } // namespace
 
 std::vector<TokenDump> dumpTokens(CSSParser& parser, const QByteArray& bytes) {
     ParserDriver& driver = ParserAccess::driver(parser);
     driver.startTokens(CSS_PARSER, bytes);
-    SemanticValue value{};
-    TokenLocation location{};
-    driver.lex(&value, &location);
-    std::vector<TokenDump> tokens;
-    while (const int token = driver.lex(&value, &location))
-        tokens.push_back(describe(token, value, driver.currentLine()));
-    driver.stopTokens();
-    return tokens;
+    return readAll(driver);
+}
+
+std::vector<TokenDump> dumpTokensByRules(CSSParser& parser, const QByteArray& bytes) {
+    ParserDriver& driver = ParserAccess::driver(parser);
+    driver.startTokensByRules(CSS_PARSER, bytes);
+    return readAll(driver);
 }
 
 } // namespace Brisko

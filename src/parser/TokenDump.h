@@ -25,4 +25,7 @@ struct TokenDump {
 /// Exported for the tests of the parser only; not installed.
 BRISKO_EXPORT std::vector<TokenDump> dumpTokens(CSSParser& parser, const QByteArray& bytes);
 
+/// The same with every token read by the rules of Scanner.l, also where they are not needed.
+BRISKO_EXPORT std::vector<TokenDump> dumpTokensByRules(CSSParser& parser, const QByteArray& bytes);
+
 } // namespace Brisko

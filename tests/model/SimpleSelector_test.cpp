@@ -281,6 +281,55 @@ TEST(SimpleSelectorEquality, OrderOfPseudoClassesCountsThatOfClassesDoesNot) {
     EXPECT_FALSE(one == two);
 }
 
+TEST(SimpleSelectorText, IsThatOfTheLastUpdate) {
+    SimpleSelector one(SimpleSelector::Origin(1), "a", "i");
+    EXPECT_EQ(one.toString(), "");
+    one.updateString();
+    one.setType("b");
+    one.addClass("c");
+    one.addPseudoClass("d");
+    one.setCombinator(SimpleSelector::Child);
+    EXPECT_EQ(one.toString(), "a#i");
+    one.updateString();
+    EXPECT_EQ(one.toString(), " > b.c:d#i");
+    one.setCombinator(SimpleSelector::None);
+    EXPECT_EQ(one.toString(), " > b.c:d#i");
+}
+
+TEST(SimpleSelectorText, CopiesHaveTheirOwn) {
+    SimpleSelector one(SimpleSelector::Origin(1), "a", QString());
+    one.updateString();
+    const SimpleSelector early = one;
+    one.addClass("c");
+    const SimpleSelector late = one;
+    SimpleSelector assigned(SimpleSelector::Origin(1), "z", QString());
+    assigned.updateString();
+    assigned.toString();
+    assigned = one;
+    one.updateString();
+    EXPECT_EQ(early.toString(), "a");
+    EXPECT_EQ(late.toString(), "a");
+    EXPECT_EQ(assigned.toString(), "a");
+    EXPECT_EQ(one.toString(), "a.c");
+}
+
+TEST(SimpleSelectorText, ManyClassesAndPseudoClassesOfACopy) {
+    SimpleSelector one = compound();
+    for (int i = 0; i < 40; ++i) {
+        one.addClass(QByteArray::number(39 - i).rightJustified(2, '0'));
+        one.addPseudoClass(QByteArray::number(i % 30));
+    }
+    SimpleSelector copy = one;
+    copy.addClass("5");
+    copy.addPseudoClass("29");
+    copy.addPseudoClass("30");
+    EXPECT_EQ(one.cssClasses().size(), 40);
+    EXPECT_EQ(copy.cssClasses().size(), 41);
+    EXPECT_EQ(one.pseudoClasses().size(), 30u);
+    EXPECT_EQ(copy.pseudoClasses().size(), 31u);
+    EXPECT_EQ(copy.pseudoClasses().back(), "30");
+}
+
 } // namespace
 
 } // namespace Testing

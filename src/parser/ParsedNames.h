@@ -1,0 +1,42 @@
+#pragma once
+
+#include "Brisko/Export.h"
+#include "parser/TokenText.h"
+
+#include <QByteArray>
+
+#include <vector>
+
+namespace Brisko {
+
+/// The names of one parse, interned. A name that was met before costs a look-up of its bytes here, without allocation
+/// and without asking the table of all threads.
+///
+/// Exported for the tests only; not installed.
+class BRISKO_EXPORT ParsedNames {
+public:
+    /// The name of a token, in UTF-8.
+    const QByteArray& name(const TokenText& text);
+    /// The same as QByteArray::toLower() makes it.
+    const QByteArray& lowerName(const TokenText& text);
+
+    void clear();
+
+private:
+    struct Slot {
+        quint32 hash = 0; // odd; 0 where the slot is free
+        QByteArray name;
+
+        bool isFree() const { return hash == 0; }
+    };
+
+    const QByteArray& find(const char* bytes, int size);
+    const QByteArray& find(const QByteArray& name) { return find(name.constData(), name.size()); }
+    Slot& slotOf(quint32 hash, const char* bytes, int size);
+    void grow();
+
+    std::vector<Slot> m_slots; // a power of two of them, or none; at most half of them taken
+    std::size_t m_count = 0;
+};
+
+} // namespace Brisko

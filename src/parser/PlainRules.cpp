@@ -1,0 +1,284 @@
+#include "parser/PlainRules.h"
+
+#include "parser/ColourFunctions.h"
+#include "parser/ParserDriver.h"
+
+namespace Brisko {
+
+using Ondex::Attribute;
+using Ondex::StyleValue;
+
+bool PlainRules::readRuleSets(std::optional<int> lookahead, Commit commit) {
+    return readList(lookahead, [this, commit](Preview& preview) { return readRuleSet(preview, commit); });
+}
+
+bool PlainRules::readDeclarations(std::optional<int> lookahead) {
+    return readList(lookahead, [this](Preview& preview) {
+        Preview ahead = preview;
+        const std::optional<Declared> declared = readDeclaration(ahead);
+        if (!declared)
+            return false;
+        const bool isWhole = ahead.token() == ';' && passBlanks(ahead);
+        if (isWhole) {
+            declare(*declared);
+            m_tokens.goTo(ahead);
+            preview = ahead;
+        } else {
+            m_driver.release(declared->value);
+        }
+        return isWhole;
+    });
+}
+
+template <typename Read>
+bool PlainRules::readList(std::optional<int> lookahead, Read readOne) {
+    if (lookahead && !m_tokens.isLastAdjacent())
+        return false;
+    Preview preview = lookahead ? m_tokens.previewOfLast() : m_tokens.preview();
+    bool isAnyRead = false;
+    while (readOne(preview))
+        isAnyRead = true;
+    return lookahead && isAnyRead;
+}
+
+// Rule sets
+
+bool PlainRules::readRuleSet(Preview& preview, Commit commit) {
+    Preview ahead = preview;
+    const bool isPlain = readSelectors(ahead) && readBlock(ahead) && passBlanks(ahead);
+    if (!isPlain) {
+        forget();
+        return false;
+    }
+    for (Selector* selector : m_selectors)
+        m_driver.add(selector);
+    for (const Declared& declared : m_declared)
+        declare(declared);
+    m_selectors.clear();
+    m_declared.clear();
+    m_tokens.goTo(ahead);
+    m_driver.parseRule();
+    if (commit == Commit::EachRuleSet)
+        m_driver.commit();
+    preview = ahead;
+    return true;
+}
+
+void PlainRules::forget() {
+    for (Selector* selector : m_selectors)
+        m_driver.release(selector);
+    for (const Declared& declared : m_declared)
+        m_driver.release(declared.value);
+    m_selectors.clear();
+    m_declared.clear();
+}
+
+// Selectors, up to the bracket behind them.
+bool PlainRules::readSelectors(Preview& ahead) {
+    while (Selector* selector = readSelector(ahead)) {
+        m_selectors.push_back(selector);
+        if (ahead.token() != COMMA)
+            return ahead.token() == '{';
+        ahead.skipBlanks();
+    }
+    return false;
+}
+
+// A selector and the token behind it.
+Selector* PlainRules::readSelector(Preview& ahead) {
+    m_compounds.clear();
+    m_combinators.clear();
+    if (!readCompounds(ahead)) {
+        for (Compound* compound : m_compounds)
+            m_driver.release(compound);
+        return nullptr;
+    }
+    m_combinators.push_back(SimpleSelector::None);
+    Selector* selector = m_driver.selector();
+    for (std::size_t i = m_compounds.size(); i-- > 0;)
+        selector = m_driver.chain(m_compounds[i], m_combinators[i], selector);
+    return selector;
+}
+
+bool PlainRules::readCompounds(Preview& ahead) {
+    SemanticValue content;
+    ahead.next(&content);
+    while (Compound* compound = readCompound(ahead, content)) {
+        m_compounds.push_back(compound);
+        const bool isBlankBehind = ahead.token() == WHITESPACE;
+        if (isBlankBehind)
+            ahead.next(&content);
+        if (ahead.token() == '{' || ahead.token() == COMMA)
+            return true;
+        const bool isChild = ahead.token() == '>';
+        if (!isChild && !isBlankBehind)
+            return false;
+        if (isChild)
+            ahead.nextVisible(&content);
+        m_combinators.push_back(isChild ? SimpleSelector::Child : SimpleSelector::Descendant);
+    }
+    return false;
+}
+
+// A compound whose first token has been read, and the token behind it.
+PlainRules::Compound* PlainRules::readCompound(Preview& ahead, SemanticValue& content) {
+    Compound* const compound = m_driver.compound();
+    bool isEmpty = ahead.token() != IDENT && ahead.token() != '*';
+    if (ahead.token() == IDENT)
+        m_driver.withType(compound, content.text);
+    if (!isEmpty)
+        ahead.next(&content);
+    while (readSimple(ahead, content, compound))
+        isEmpty = false;
+    if (!isEmpty && ahead.token() != 0)
+        return compound;
+    m_driver.release(compound);
+    return nullptr;
+}
+
+// An id, class or pseudo-class. Where it is none, the token is left as it is, or made that of no plain token.
+bool PlainRules::readSimple(Preview& ahead, SemanticValue& content, Compound* compound) {
+    const int token = ahead.token();
+    const bool isMarked = token == '.' || token == ':';
+    if (!isMarked && token != HASH)
+        return false;
+    const bool isPlain = isMarked ? ahead.next(&content) == IDENT : (*compound)->cssId().isEmpty();
+    if (!isPlain) {
+        ahead.giveUp();
+        return false;
+    }
+    if (token == '.')
+        m_driver.withClass(compound, content.text);
+    else if (token == ':')
+        m_driver.withPseudoClass(compound, content.text);
+    else
+        m_driver.withId(compound, content.text);
+    ahead.next(&content);
+    return true;
+}
+
+// Declarations up to the bracket behind them, which is read too.
+bool PlainRules::readBlock(Preview& ahead) {
+    ahead.skipBlanks();
+    while (!ahead.nextIs('}')) {
+        const std::optional<Declared> declared = readDeclaration(ahead);
+        if (!declared)
+            return false;
+        m_declared.push_back(*declared);
+        if (ahead.token() == '}')
+            return true;
+        if (ahead.token() != ';' || !passBlanks(ahead))
+            return false;
+    }
+    return true;
+}
+
+// Blanks, if any. Without, the grammar reads the next token before it goes on; that token must not have anything to
+// report, nor be blanks behind text that is skipped.
+bool PlainRules::passBlanks(Preview& ahead) const {
+    Preview behind = ahead;
+    SemanticValue none;
+    if (behind.next(&none) == WHITESPACE)
+        ahead = behind;
+    return behind.token() != 0 || m_tokens.isAtEnd(ahead);
+}
+
+// Declarations
+
+void PlainRules::declare(const Declared& declared) {
+    m_tokens.goTo(declared.end);
+    m_driver.setExprError(false);
+    m_driver.declare(declared.property, declared.value, declared.isImportant);
+}
+
+// A declaration and the token behind it.
+std::optional<PlainRules::Declared> PlainRules::readDeclaration(Preview& ahead) {
+    SemanticValue property;
+    SemanticValue none;
+    if (ahead.next(&property) != IDENT || ahead.nextVisible(&none) != ':')
+        return std::nullopt;
+    StyleValue* const value = readExpr(ahead, Functions::Allowed);
+    if (!value)
+        return std::nullopt;
+    Declared declared{property.text, value, ahead.token() == IMPORTANT_SYM, ahead};
+    if (declared.isImportant) {
+        ahead.next(&none);
+        declared.end = ahead;
+        if (ahead.token() == WHITESPACE)
+            ahead.next(&none);
+    }
+    return declared;
+}
+
+// Terms and the token behind them.
+StyleValue* PlainRules::readExpr(Preview& ahead, Functions functions) {
+    StyleValue* list = nullptr;
+    StyleValue::Separator separator = StyleValue::SEPARATOR_WHITE_SPACE;
+    SemanticValue content;
+    ahead.nextVisible(&content);
+    while (StyleValue* term = readTerm(ahead, content, functions)) {
+        list = list ? m_driver.append(list, separator, term) : term;
+        switch (ahead.nextVisible(&content)) {
+        case ';':
+        case '}':
+        case ')':
+        case IMPORTANT_SYM:
+            return list;
+        case '/':
+            separator = StyleValue::SEPARATOR_SLASH;
+            ahead.nextVisible(&content);
+            break;
+        case COMMA:
+            separator = StyleValue::SEPARATOR_COMMA;
+            ahead.nextVisible(&content);
+            break;
+        default:
+            separator = StyleValue::SEPARATOR_WHITE_SPACE;
+            break;
+        }
+    }
+    m_driver.release(list);
+    return nullptr;
+}
+
+StyleValue* PlainRules::readTerm(Preview& ahead, const SemanticValue& content, Functions functions) {
+    switch (ahead.token()) {
+    case INTEGER:
+        return m_driver.value(int(content.integer));
+    case REAL:
+        return m_driver.value(float(content.number), Attribute::VU_UNKNOWN);
+    case PERCENTAGE:
+        return m_driver.value(float(content.number), Attribute::VU_PERCENTAGE);
+    case PXS:
+        return m_driver.value(float(content.number), Attribute::VU_PXS);
+    case EMS:
+        return m_driver.value(float(content.number), Attribute::VU_EMS);
+    case STRING:
+        return m_driver.textValue(content.text);
+    case IDENT:
+        return m_driver.keywordValue(content.text);
+    case HASH:
+        return m_driver.colorValue(content.text);
+    case FUNCTION:
+        return functions == Functions::Allowed ? readColour(ahead, content.text) : nullptr;
+    default:
+        return nullptr;
+    }
+}
+
+// The arguments of a function and what it makes of them, as far as that is a colour.
+StyleValue* PlainRules::readColour(Preview& ahead, const TokenText& name) {
+    StyleValue* const arguments = readExpr(ahead, Functions::Excluded);
+    if (!arguments)
+        return nullptr;
+    const std::optional<StyleValue> colour =
+        ahead.token() == ')' ? colourFunction(name.toString().toLower(), *arguments) : std::nullopt;
+    if (!colour) {
+        m_driver.release(arguments);
+        return nullptr;
+    }
+    *arguments = *colour;
+    return arguments;
+}
+
+} // namespace Brisko

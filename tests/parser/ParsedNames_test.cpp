@@ -1,0 +1,61 @@
+#include "parser/ParsedNames.h"
+
+#include <gtest/gtest.h>
+
+namespace Testing {
+
+using namespace Brisko;
+
+namespace {
+
+TokenText text(const QByteArray& bytes, TokenText::Encoding encoding = TokenText::Latin1) {
+    return TokenText::make(bytes.constData(), bytes.constData() + bytes.size(), encoding);
+}
+
+} // namespace
+
+TEST(ParsedNames, EqualNamesShareTheirBytes) {
+    ParsedNames names;
+    const QByteArray first = names.name(text("margin-left"));
+    const QByteArray second = names.name(text(QByteArray("margin-") + "left"));
+    EXPECT_EQ(first, "margin-left");
+    EXPECT_EQ(first.constData(), second.constData());
+    EXPECT_NE(first.constData(), names.name(text("margin-lefT")).constData());
+}
+
+TEST(ParsedNames, NamesAreInUtf8) {
+    ParsedNames names;
+    EXPECT_EQ(names.name(text("caf\xe9")), "caf\xc3\xa9");
+    EXPECT_EQ(names.name(text("caf\xc3\xa9", TokenText::Utf8)), "caf\xc3\xa9");
+    EXPECT_EQ(names.name(text("a-long-name-\xe9")), "a-long-name-\xc3\xa9");
+}
+
+TEST(ParsedNames, LowerNamesAreThoseOfQt) {
+    ParsedNames names;
+    EXPECT_EQ(names.lowerName(text("Primary")), "primary");
+    EXPECT_EQ(names.lowerName(text("Primary")).constData(), names.name(text("primary")).constData());
+    EXPECT_EQ(names.lowerName(text("\xc9t\xc9")), QByteArray("\xc3\x89t\xc3\x89").toLower());
+}
+
+TEST(ParsedNames, KeepsManyNamesApart) {
+    ParsedNames names;
+    for (int round = 0; round < 2; ++round) {
+        for (int i = 0; i < 5000; ++i) {
+            const QByteArray name = QByteArray(i % 20, 'x') + QByteArray::number(i);
+            ASSERT_EQ(names.name(text(name)), name);
+        }
+    }
+}
+
+TEST(ParsedNames, NamesOutliveTheTable) {
+    QByteArray name;
+    {
+        ParsedNames names;
+        name = names.name(text("width"));
+        names.clear();
+        EXPECT_EQ(names.name(text("width")), "width");
+    }
+    EXPECT_EQ(name, "width");
+}
+
+} // namespace Testing
