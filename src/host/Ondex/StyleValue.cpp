@@ -5,17 +5,14 @@
 
 namespace Ondex {
 
-int StyleValue::size() const {
-    if (isList())
-        return static_cast<int>(m_content.m_content.list->components.size());
-    return m_content.type() == TYPE_UNKNOWN ? 0 : 1;
+int StyleValue::listSize() const {
+    return static_cast<int>(m_content.m_content.list->components.size());
 }
 
-const StyleValue::Component& StyleValue::operator[](int i) const {
+const StyleValue::Component& StyleValue::listed(int i) const {
     static const Component unknown;
-    if (i < 0 || i >= size())
-        return unknown;
-    return isList() ? m_content.m_content.list->components[static_cast<std::size_t>(i)] : m_content;
+    return isList() && i >= 0 && i < listSize() ? m_content.m_content.list->components[static_cast<std::size_t>(i)]
+                                                : unknown;
 }
 
 StyleValue::List& StyleValue::ownList() {
@@ -26,26 +23,6 @@ StyleValue::List& StyleValue::ownList() {
         list->components.push_back(std::move(m_content));
     m_content = Component(list);
     return *list;
-}
-
-StyleValue::ValueType StyleValue::type(int i) const {
-    return (*this)[i].type();
-}
-
-Attribute::ValueUnit StyleValue::unit(int i) const {
-    return (*this)[i].unit();
-}
-
-bool StyleValue::isNumber(int i) const {
-    return (*this)[i].isNumber();
-}
-
-float StyleValue::asFloat(int i) const {
-    return (*this)[i].asFloat();
-}
-
-int StyleValue::asInt(int i) const {
-    return (*this)[i].asInt();
 }
 
 QByteArray StyleValue::asKeyword(int i) const {

@@ -166,21 +166,21 @@ public:
     StyleValue& operator=(StyleValue&& other) noexcept = default;
     ~StyleValue() = default;
 
-    int size() const;
+    int size() const { return isList() ? listSize() : int(m_content.m_type != TYPE_UNKNOWN); }
     bool isEmpty() const { return size() == 0; }
 
     // Readers of component i; see the functions of Component with the same names.
-    ValueType type(int i) const;
-    Attribute::ValueUnit unit(int i) const;
-    bool isNumber(int i) const;
-    float asFloat(int i) const;
-    int asInt(int i) const;
+    ValueType type(int i) const { return (*this)[i].type(); }
+    Attribute::ValueUnit unit(int i) const { return (*this)[i].unit(); }
+    bool isNumber(int i) const { return (*this)[i].isNumber(); }
+    float asFloat(int i) const { return (*this)[i].asFloat(); }
+    int asInt(int i) const { return (*this)[i].asInt(); }
     QByteArray asKeyword(int i) const;
     QString asString(int i) const;
     SimpleExpression asExpr(int i) const;
     Gorvel::ColorPMA asColorPMA(int i) const;
     /// Component @p i, valid until this value changes.
-    const Component& operator[](int i) const;
+    const Component& operator[](int i) const { return i == 0 && !isList() ? m_content : listed(i); }
 
     /// The units of all components, in order.
     QList<Attribute::ValueUnit> units() const;
@@ -212,6 +212,9 @@ public:
 
 private:
     bool isList() const { return m_content.m_type == Component::listMark; }
+    int listSize() const;
+    // Component i of a list, the unknown one where there is none of that number.
+    const Component& listed(int i) const;
     // The list, made of what is there where it is none yet, for this value alone.
     List& ownList();
     void appendRange(const Component* first, int count, Separator separator);
