@@ -27,7 +27,8 @@ WaitingRules::WaitingRules(const std::vector<State>& states, bool isRegular)
 
 WaitingRules::WaitingRules(const Groups& groups, Pointer rest)
     : m_rest(std::move(rest)), m_length(m_rest ? m_rest->m_length + 1 : 1), m_isRegular(true) {
-    m_groups.append(groups.data(), int(groups.size()));
+    if (!groups.empty()) // which append() does not take without an array
+        m_groups.append(groups.data(), int(groups.size()));
 }
 
 WaitingRules::~WaitingRules() {
