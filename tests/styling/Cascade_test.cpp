@@ -277,5 +277,21 @@ TEST_F(Cascade, OriginOfTheLastCompoundCounts) {
     EXPECT_EQ(textOf(*child, "width"), "2");
 }
 
+/// Numbers are unique in one sheet only; a style made by hand may hold declarations that share one.
+TEST_F(Cascade, LateDeclarationHasAllThatHoldsItsNumberWritten) {
+    RecordingAttribute other(&node, "other");
+    const Brisko::LazyAttributeManager::Registrant pair(
+        "pair", [](Ondex::Node* host, const QByteArray& name) { return new PairAttribute(host, name); });
+    const std::vector<Declaration> loose{
+        {"pair-a", StyleValue(1), false}, {"other", StyleValue(2), false}, {"pair", StyleValue(3), false}};
+    const Selector any = Selector::universalSelector(SimpleSelector::AuthorOrigin);
+    Style style;
+    style.add(&loose, any.front().get(), 0);
+    other.calls.clear();
+    node.setStyle(style);
+    EXPECT_EQ(other.calls, (QStringList{"int 2 on 1 unit 0", "int 2 on 1 unit 0"}));
+    trace.takeErrors();
+}
+
 } // namespace
 } // namespace Testing

@@ -37,8 +37,8 @@ void PlainStyle::add(const State& state) {
 
 PlainNode::PlainNode(const QByteArray& nodeLabel, const QByteArray& nodeType, Journal& journal)
     : label(nodeLabel), type(nodeType), m_journal(journal) {
-    for (const char* name : {"css-class", "css-id", "transition", "transition-property", "transition-duration",
-                             "transition-delay"})
+    for (const char* name :
+         {"css-class", "css-id", "transition", "transition-property", "transition-duration", "transition-delay"})
         make(name, true);
     for (const QByteArray& name : firstAttributes())
         make(name, false);

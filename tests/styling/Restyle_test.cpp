@@ -142,5 +142,20 @@ TEST_F(Restyle, AnswersWhetherTheChildStyleChangedInTheEnd) {
     EXPECT_FALSE(node.setStyle(style));
 }
 
+/// Nodes that are styled keep what the sheet put together for them; a sheet may grow meanwhile.
+TEST_F(Restyle, FollowsRulesThatWereDeclaredAfterTheNodeWasStyled) {
+    TestNode* child = addNode(node, "b");
+    addNumber(*child, "width");
+    const auto sheet = sheetOf("a b { width: 1px }");
+    node.setStyle(Style(sheet));
+    for (const char* css : {"a b { width: 2px }", "a > b { width: 3px }"}) {
+        sheet->declare(sheetOf(css)->rules().front());
+        EXPECT_TRUE(node.setStyle(Style(sheet)));
+    }
+    EXPECT_EQ(waitingText(node.childStyle()), "b 0x01000001, b 0x01000001, > b 0x01000001");
+    EXPECT_EQ(child->style(), node.childStyle());
+    EXPECT_EQ(child->styleCount, 3);
+}
+
 } // namespace
 } // namespace Testing

@@ -27,10 +27,28 @@ const std::vector<QByteArray>& lazyAttributes() {
 }
 
 const std::vector<QByteArray>& declaredProperties() {
-    static const std::vector<QByteArray> names{
-        "p",        "q",    "r",      "p",        "q",        "r",    "any",       "stubborn",
-        "pair",     "quad", "pair-a", "pair-b",   "quad-x",   "lazy", "lazy-pair", "lazy-pair-a",
-        "quad-y-b", "none", "pair",   "quad-x-a", "transition-delay", "transition-duration"};
+    static const std::vector<QByteArray> names{"p",
+                                               "q",
+                                               "r",
+                                               "p",
+                                               "q",
+                                               "r",
+                                               "any",
+                                               "stubborn",
+                                               "pair",
+                                               "quad",
+                                               "pair-a",
+                                               "pair-b",
+                                               "quad-x",
+                                               "lazy",
+                                               "lazy-pair",
+                                               "lazy-pair-a",
+                                               "quad-y-b",
+                                               "none",
+                                               "pair",
+                                               "quad-x-a",
+                                               "transition-delay",
+                                               "transition-duration"};
     return names;
 }
 

@@ -119,6 +119,18 @@ std::string TwinScene::move(PlainNode& node, PlainNode& target) {
     return "moved " + node.label.toStdString() + " below " + target.label.toStdString();
 }
 
+std::string TwinScene::declareMore(const StyleSheet& more) {
+    const std::shared_ptr<StyleSheet> sheet = m_root->style().styleSheet();
+    if (!sheet)
+        return "nothing";
+    for (const Brisko::Rule& rule : more.rules())
+        sheet->declare(rule);
+    const PlainStyle plain = m_plainRoot->style;
+    m_root->setStyle(m_root->style());
+    m_plainRoot->setStyle(plain);
+    return "declared";
+}
+
 std::string TwinScene::toggleSuppressed(Dice& dice) {
     PlainNode& node = anyNode(dice);
     node.isSuppressed = !node.isSuppressed;
@@ -149,11 +161,10 @@ std::string TwinScene::setOddStyle(Dice& dice, const std::shared_ptr<StyleSheet>
             compound = compound->next();
         const std::vector<Brisko::Declaration>* declarations = &rule.declarations();
         if (dice.chance(25)) {
-            m_looseDeclarations.push_back(
-                std::make_unique<std::vector<Brisko::Declaration>>(randomDeclarations(dice)));
+            m_looseDeclarations.push_back(std::make_unique<std::vector<Brisko::Declaration>>(randomDeclarations(dice)));
             declarations = m_looseDeclarations.back().get();
         }
-        add({declarations, compound, dice.roll(3) * 0x100});
+        add({declarations, compound, dice.roll(3) * 0x100 + dice.roll(2) * 0x01010000});
     }
     if (!plain.states.empty() && dice.chance(40)) {
         Style::MatchState raised = plain.states[std::size_t(dice.roll(int(plain.states.size())))];
@@ -187,9 +198,8 @@ std::string textOfStates(const std::vector<Style::MatchState>& states) {
 
 void expectSameStyle(const Style& real, const PlainStyle& plain) {
     EXPECT_EQ(real.styleSheet(), plain.sheet);
-    EXPECT_TRUE(real.state() == plain.states)
-        << textOfStates(real.state()) << "\ninstead of\n"
-        << textOfStates(plain.states);
+    EXPECT_TRUE(real.state() == plain.states) << textOfStates(real.state()) << "\ninstead of\n"
+                                              << textOfStates(plain.states);
 }
 
 /// What the attribute of that name keeps, and whether there is one.

@@ -20,6 +20,8 @@ public:
     std::string change(Dice& dice);
     /// Gives any node a style that is put together by hand, of states that lie about. @return its description
     std::string setOddStyle(Dice& dice, const std::shared_ptr<Brisko::StyleSheet>& otherSheet);
+    /// Adds rules to the sheet that the scene was styled with last, and styles the root again. @return its description
+    std::string declareMore(const Brisko::StyleSheet& more);
     /// Keeps any node from being styled, or no longer. @return its description
     std::string toggleSuppressed(Dice& dice);
 
