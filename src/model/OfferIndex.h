@@ -27,7 +27,7 @@ struct OfferRange {
 };
 
 /// The declarations of a sheet as offers, rule by rule, and the numbers of the properties that they set.
-class OfferIndex {
+class BRISKO_EXPORT OfferIndex {
 public:
     explicit OfferIndex(const std::vector<Rule>& rules);
     OfferIndex(const OfferIndex&) = delete;

@@ -17,7 +17,7 @@ namespace Brisko {
 /// Every rule is filed under one key of its leftmost compound: the id, else the class that the fewest rules are filed
 /// under, else the type, else nothing. A node that has not got the key cannot match the compound. A node that has it
 /// matches, where the compound asks for nothing else: then what waits for deeper nodes is known before any node is met.
-class RuleIndex {
+class BRISKO_EXPORT RuleIndex {
 public:
     /// The beginning of a rule that is looked at when a node has its key.
     struct Start {

@@ -22,7 +22,7 @@ struct WaitingCompound {
 ///
 /// The rules that are filed under one key of a node hand on the same compounds wherever a node has that key. So they
 /// are put together once for a sheet, and shared by all nodes.
-class WaitingGroup {
+class BRISKO_EXPORT WaitingGroup {
 public:
     /// Adds a compound that is good to be followed. The order only has to grow.
     void add(const std::vector<Declaration>* declarations, const SimpleSelector* selector, int specificity, int order);

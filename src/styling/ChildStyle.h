@@ -9,7 +9,7 @@ namespace Brisko {
 
 /// Makes what a node hands on to its children: first what the rules of the sheet begin here, then every state that was
 /// handed to the node, if it is a descendant, and behind it the compound after it, if it matched.
-class ChildStyle {
+class BRISKO_EXPORT ChildStyle {
 public:
     /// A state that was handed to the node and matched, and what it hands on.
     struct GoneOn {

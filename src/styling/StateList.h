@@ -7,7 +7,7 @@
 namespace Brisko {
 
 /// States in the order in which they were added, each once, with the highest specificity that it was added with.
-class StateList {
+class BRISKO_EXPORT StateList {
 public:
     using State = Style::MatchState;
 

@@ -25,7 +25,7 @@ namespace Brisko {
 /// again.
 ///
 /// Shared between styles; only a list that a single style holds may change. The groups of a sheet stay with the sheet.
-class WaitingRules : public QSharedData {
+class BRISKO_EXPORT WaitingRules : public QSharedData {
 public:
     using State = Style::MatchState;
     using Pointer = QExplicitlySharedDataPointer<WaitingRules>;

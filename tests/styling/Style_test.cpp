@@ -191,6 +191,32 @@ TEST_F(StyleTest, CopyTakesStatesAndSharesTheSheet) {
     EXPECT_EQ(sheet.use_count(), 4);
 }
 
+TEST_F(StyleTest, CopiesShareTheirListUntilOneIsChanged) {
+    Style style(sheet);
+    style.add(&d, &s1, 1);
+    Style copy = style;
+    const Style other = copy;
+    EXPECT_EQ(&copy.state(), &style.state());
+    EXPECT_EQ(sheet.use_count(), 4);
+    copy.add(&d, &s1, 7);
+    copy.add(&e, &s2, 2);
+    EXPECT_EQ(copy.state(), (std::vector<Style::MatchState>{{&d, &s1, 7}, {&e, &s2, 2}}));
+    EXPECT_EQ(style.state(), (std::vector<Style::MatchState>{{&d, &s1, 1}}));
+    EXPECT_EQ(&other.state(), &style.state());
+    style.clear();
+    EXPECT_TRUE(style.state().empty());
+    EXPECT_EQ(other.state().size(), 1u);
+}
+
+TEST_F(StyleTest, OriginalThatIsChangedLeavesItsCopyAlone) {
+    Style style(sheet);
+    style.add(&d, &s1, 1);
+    const Style copy = style;
+    style.add(&e, &s2, 2);
+    EXPECT_EQ(copy.state().size(), 1u);
+    EXPECT_FALSE(copy == style);
+}
+
 TEST_F(StyleTest, MovedFromHasNoStatesAndNoSheet) {
     Style style(sheet);
     style.add(&d, &s1, 1);

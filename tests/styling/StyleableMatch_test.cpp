@@ -134,5 +134,24 @@ TEST(StyleableMatchOne, TypesOfAChainStopAtTheLimitOfTheirField) {
     EXPECT_EQ(waitingText(leaf->childStyle()).section(", ", -1), "> b 0x010000ff");
 }
 
+/// The state of a style made by hand meets the same state as it begins again further down, with less.
+TEST(StyleableMatchOne, HigherSpecificityOfAStyleMadeByHandHoldsAllTheWayDown) {
+    TraceGuard trace;
+    TestNode root("a");
+    TestNode* node = &root;
+    for (const char* type : {"a", "a", "b"})
+        node = addNode(*node, type);
+    addNumber(*node, "p");
+    node->setCSSClasses("x y z");
+    const auto sheet = sheetOf("a b { p: 1 } .x.y.z { p: 2 }");
+    const Brisko::Rule& rule = sheet->rules().front();
+    Brisko::Style style(sheet);
+    root.setStyle(style);
+    EXPECT_EQ(textOf(*node, "p"), "2");
+    style.add(&rule.declarations(), rule.selector().front()->next(), 0x01010000);
+    root.setStyle(style);
+    EXPECT_EQ(textOf(*node, "p"), "1");
+}
+
 } // namespace
 } // namespace Testing
