@@ -101,7 +101,7 @@ ParserDriver::Compound* ParserDriver::compound() {
 }
 
 ParserDriver::Compound* ParserDriver::withType(Compound* compound, const TokenText& type) {
-    (*compound)->setType(m_names.name(type));
+    (*compound)->setType(m_names.internedName(type));
     return compound;
 }
 
@@ -133,7 +133,7 @@ TokenText ParserDriver::ignoreParameter(const TokenText& function) {
 
 void ParserDriver::declare(const TokenText& property, StyleValue* value, bool important) {
     if (!m_tokens.exprError() && value)
-        m_rules.add(Declaration(m_names.name(property), std::move(*value), important), *m_sheet, m_fileName,
+        m_rules.add(Declaration(m_names.internedName(property), std::move(*value), important), *m_sheet, m_fileName,
                     currentLine());
     m_values.release(value);
     m_tokens.setExprError(false);

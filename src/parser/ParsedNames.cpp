@@ -51,13 +51,22 @@ bool isAscii(const char* bytes, int size) {
 } // namespace
 
 const QByteArray& ParsedNames::name(const TokenText& text) {
-    return isAscii(text.begin(), text.size()) ? find(text.begin(), text.size()) : find(text.toUtf8());
+    return find(text).name;
+}
+
+const QByteArray& ParsedNames::internedName(const TokenText& text) {
+    Slot& slot = find(text);
+    if (!slot.isInterned) {
+        slot.name = Gorvel::interned(slot.name);
+        slot.isInterned = true;
+    }
+    return slot.name;
 }
 
 const QByteArray& ParsedNames::lowerName(const TokenText& text) {
     const QByteArray& given = name(text);
     const QByteArray lower = given.toLower();
-    return lower.constData() == given.constData() ? given : find(lower);
+    return lower.constData() == given.constData() ? given : find(lower).name;
 }
 
 void ParsedNames::clear() {
@@ -65,16 +74,20 @@ void ParsedNames::clear() {
     m_count = 0;
 }
 
-const QByteArray& ParsedNames::find(const char* bytes, int size) {
+ParsedNames::Slot& ParsedNames::find(const TokenText& text) {
+    return isAscii(text.begin(), text.size()) ? find(text.begin(), text.size()) : find(text.toUtf8());
+}
+
+ParsedNames::Slot& ParsedNames::find(const char* bytes, int size) {
     if (2 * m_count >= m_slots.size())
         grow();
     const quint32 hash = hashOf(bytes, size);
     Slot& slot = slotOf(hash, bytes, size);
     if (slot.isFree()) {
-        slot = {hash, Gorvel::interned(QByteArray::fromRawData(bytes, size))};
+        slot = {hash, false, QByteArray(bytes, size)};
         ++m_count;
     }
-    return slot.name;
+    return slot;
 }
 
 ParsedNames::Slot& ParsedNames::slotOf(quint32 hash, const char* bytes, int size) {

@@ -9,14 +9,17 @@
 
 namespace Brisko {
 
-/// The names of one parse, interned. A name that was met before costs a look-up of its bytes here, without allocation
-/// and without asking the table of all threads.
+/// The names of one parse. Equal names share one block of memory, and a name that was met before costs a look-up of its
+/// bytes and no allocation. Only the names that are few and used over and over are interned for the whole process: that
+/// takes several times as long as all the rest of a class name.
 ///
 /// Exported for the tests only; not installed.
 class BRISKO_EXPORT ParsedNames {
 public:
     /// The name of a token, in UTF-8.
     const QByteArray& name(const TokenText& text);
+    /// The same, interned.
+    const QByteArray& internedName(const TokenText& text);
     /// The same as QByteArray::toLower() makes it.
     const QByteArray& lowerName(const TokenText& text);
 
@@ -25,13 +28,15 @@ public:
 private:
     struct Slot {
         quint32 hash = 0; // odd; 0 where the slot is free
+        bool isInterned = false;
         QByteArray name;
 
         bool isFree() const { return hash == 0; }
     };
 
-    const QByteArray& find(const char* bytes, int size);
-    const QByteArray& find(const QByteArray& name) { return find(name.constData(), name.size()); }
+    Slot& find(const TokenText& text);
+    Slot& find(const char* bytes, int size);
+    Slot& find(const QByteArray& name) { return find(name.constData(), name.size()); }
     Slot& slotOf(quint32 hash, const char* bytes, int size);
     void grow();
 

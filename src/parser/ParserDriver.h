@@ -2,8 +2,8 @@
 
 #include "Brisko/CSSParser.h"
 #include "Ondex/SimpleExpression.h"
-#include "parser/ParsedNames.h"
 #include "parser/ObjectPool.h"
+#include "parser/ParsedNames.h"
 #include "parser/PlainRules.h"
 #include "parser/RuleAssembly.h"
 #include "parser/SemanticValue.h"

@@ -1,5 +1,7 @@
 #include "parser/ParsedNames.h"
 
+#include "Gorvel/Name.h"
+
 #include <gtest/gtest.h>
 
 namespace Testing {
@@ -45,6 +47,15 @@ TEST(ParsedNames, KeepsManyNamesApart) {
             ASSERT_EQ(names.name(text(name)), name);
         }
     }
+}
+
+TEST(ParsedNames, InternedNamesAreThoseOfTheProcess) {
+    ParsedNames names;
+    const QByteArray before = names.name(text("min-width"));
+    const QByteArray interned = names.internedName(text("min-width"));
+    EXPECT_EQ(before, interned);
+    EXPECT_EQ(interned.constData(), Gorvel::interned("min-width").constData());
+    EXPECT_EQ(names.name(text("min-width")).constData(), interned.constData());
 }
 
 TEST(ParsedNames, NamesOutliveTheTable) {
