@@ -1,6 +1,6 @@
 #pragma once
 
-#include <algorithm>
+#include <cstring>
 
 namespace Brisko {
 
@@ -13,7 +13,10 @@ public:
 
     /// The line that @p place stands on: only LF ends a line. Not before the place asked for last.
     int lineAt(const char* place) {
-        m_line += int(std::count(m_at, place, '\n'));
+        while (const void* end = std::memchr(m_at, '\n', std::size_t(place - m_at))) {
+            m_at = static_cast<const char*>(end) + 1;
+            ++m_line;
+        }
         m_at = place;
         return m_line;
     }
