@@ -15,6 +15,7 @@ namespace Brisko {
 class AppliedProperties;
 class KeySet;
 class StylePass;
+struct WaitingCompound;
 
 /// A node that style sheets apply to. It has a CSS type, an id, classes and pseudo-classes; its attributes are the
 /// properties.
@@ -108,6 +109,7 @@ private:
     class PseudoClasses;
 
     bool isMatch(const SimpleSelector& selector);
+    bool isMatch(const WaitingCompound& waiting);
     KeySet matchKeys() const;
     bool hasIdentity(const SimpleSelector& selector) const;
     bool hasPseudoClasses(const SimpleSelector& selector) const;

@@ -9,18 +9,35 @@ namespace Brisko {
 void WaitingGroup::add(const std::vector<Declaration>* declarations, const SimpleSelector* selector, int specificity,
                        int order) {
     const bool goesOn = selector->combinator() == SimpleSelector::Descendant;
-    const MatchKey key = keyOf(*selector);
-    m_compounds.push_back({declarations, selector, specificity, order, key.value(), goesOn});
-    m_keys.insert(key);
+    WaitingCompound compound{declarations, selector, specificity, order, MatchKey::none().value(), goesOn};
+    readKey(compound);
+    m_compounds.push_back(compound);
     m_goesOnWhole = m_goesOnWhole && goesOn;
 }
 
-MatchKey WaitingGroup::keyOf(const SimpleSelector& compound) {
-    if (!compound.cssId().isEmpty())
-        return MatchKey::ofId(compound.cssId());
-    if (!compound.cssClasses().isEmpty())
-        return MatchKey::ofClass(kept(compound.cssClasses()[0]));
-    return compound.cssType().isEmpty() ? MatchKey::none() : MatchKey::ofType(kept(compound.cssType()));
+/// Finds the key, and whether it decides.
+void WaitingGroup::readKey(WaitingCompound& compound) {
+    const SimpleSelector& selector = *compound.selector;
+    const bool hasId = !selector.cssId().isEmpty();
+    const bool hasType = !selector.cssType().isEmpty();
+    const int classes = selector.cssClasses().size();
+    const bool isAlone = int(hasId) + int(hasType) + classes + selector.pseudoClassCount() == 1;
+    MatchKey key = MatchKey::none();
+    if (hasId) {
+        key = MatchKey::ofId(selector.cssId());
+    } else if (classes > 0) {
+        const QByteArray& name = kept(selector.cssClasses()[0]);
+        key = MatchKey::ofClass(name);
+        compound.question = isAlone ? WaitingCompound::ItsClass : WaitingCompound::Everything;
+        compound.name = name.constData();
+    } else if (hasType) {
+        const QByteArray& name = kept(selector.cssType());
+        key = MatchKey::ofType(name);
+        compound.question = isAlone ? WaitingCompound::ItsType : WaitingCompound::Everything;
+        compound.name = name.constData();
+    }
+    compound.key = key.value();
+    m_keys.insert(key);
 }
 
 /// The interned name, which is kept so that its address stays its own.

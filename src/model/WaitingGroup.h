@@ -10,12 +10,17 @@ namespace Brisko {
 
 /// A compound that waits for a node after those on its left have matched, and what is asked of it first.
 struct WaitingCompound {
+    /// What a match takes.
+    enum Question : std::uint8_t { Everything, ItsType, ItsClass };
+
     const std::vector<Declaration>* declarations; ///< of the rule
     const SimpleSelector* selector;               ///< the compound
     int specificity;                              ///< of the compounds on its left
     int order;                                    ///< place among those that begin to wait at one node
     std::uint8_t key;                             ///< see MatchKey
     bool goesOn;                                  ///< it waits for deeper nodes as well
+    Question question = Everything;               ///< what else has to be asked of a node
+    const char* name = nullptr;                   ///< the address of the interned type or class that is asked for
 };
 
 /// Compounds that begin to wait together, filed by key.
@@ -46,7 +51,7 @@ public:
 private:
     static constexpr std::size_t fewCompounds = 12; // up to here all are looked at
 
-    MatchKey keyOf(const SimpleSelector& compound);
+    void readKey(WaitingCompound& compound);
     const QByteArray& kept(const QByteArray& name);
 
     std::vector<WaitingCompound> m_compounds;

@@ -15,10 +15,15 @@ class AppliedProperties {
 public:
     struct Property {
         QByteArray name;
-        int declaration;          ///< number in the sheet; -1 where nothing holds now
-        unsigned isImportant : 1; ///< written to the important layer
-        unsigned generation : 31; ///< of the pass that wrote it last
+        int declaration;  ///< number in the sheet; -1 where nothing holds now
+        unsigned writing; ///< see writingOf()
+
+        bool isImportant() const { return writing & 1; }
+        unsigned generation() const { return writing >> 1; }
     };
+
+    /// In one number: the pass that wrote a property last, and whether it wrote to the important layer.
+    static unsigned writingOf(unsigned generation, bool isImportant) { return generation << 1 | unsigned(isImportant); }
 
     /// The place of @p name, -1 where it is not there.
     int indexOf(const QByteArray& name) const {
@@ -36,7 +41,7 @@ public:
     /// Adds an entry for a name that has none. @return its place
     int add(const QByteArray& name) {
         const int place = m_properties.size();
-        m_properties.append({name, -1, 0, 0});
+        m_properties.append({name, -1, 0});
         if (m_places) {
             (*m_places)[name] = place;
         } else if (place == longList) {

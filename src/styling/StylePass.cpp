@@ -151,7 +151,7 @@ void StylePass::matchWaiting() {
 
 void StylePass::tryWaiting(const WaitingCompound& waiting) {
     const SimpleSelector& compound = *waiting.selector;
-    if (!m_node.isMatch(compound))
+    if (!m_node.isMatch(waiting))
         return;
     const int specificity = Specificity::plus(waiting.specificity, compound);
     if (compound.next())
@@ -284,15 +284,14 @@ void StylePass::write(int place) {
     int index = properties.indexOf(*winner.name);
     if (index < 0) {
         index = properties.add(*winner.name);
-    } else if (properties[index].isImportant != important) {
+    } else if (properties[index].isImportant() != important) {
         // A property that turned important, or turned normal again, leaves nothing on the layer that it had before.
         m_node.clearProperty(index);
         if (!isNodeAlive())
             return;
     }
     AppliedProperties::Property& property = properties[index];
-    property.isImportant = important;
-    property.generation = m_newGeneration;
+    property.writing = AppliedProperties::writingOf(m_newGeneration, important);
     property.declaration = winner.claim.declaration;
 }
 
@@ -319,7 +318,7 @@ void StylePass::clearStale() {
         return;
     const AppliedProperties& properties = *m_node.m_applied;
     for (int index = 0; index < properties.size(); ++index) {
-        if (properties[index].generation != m_newGeneration)
+        if (properties[index].generation() != m_newGeneration)
             m_scratch.stale.push_back(index);
     }
     if (m_scratch.stale.empty())

@@ -2,6 +2,7 @@
 
 #include "model/KeySet.h"
 #include "model/Specificity.h"
+#include "model/WaitingGroup.h"
 #include "styling/PseudoClasses.h"
 
 #include <algorithm>
@@ -50,6 +51,20 @@ bool Styleable::isMatch(const SimpleSelector& selector) {
         return true;
     recordPseudoClasses(selector);
     return hasPseudoClasses(selector);
+}
+
+/// Whether a compound that waits matches, in a pass. Mostly one name decides.
+bool Styleable::isMatch(const WaitingCompound& waiting) {
+    switch (waiting.question) {
+    case WaitingCompound::ItsType:
+        return m_cssType.constData() == waiting.name;
+    case WaitingCompound::ItsClass:
+        return std::any_of(m_classes.begin(), m_classes.end(),
+                           [&waiting](const QByteArray& name) { return name.constData() == waiting.name; });
+    case WaitingCompound::Everything:
+        break;
+    }
+    return isMatch(*waiting.selector);
 }
 
 KeySet Styleable::matchKeys() const {

@@ -155,7 +155,7 @@ void Styleable::clearProperty(int index) {
     AppliedProperties::Property& property = (*m_applied)[index];
     property.declaration = -1;
     if (Attribute* held = attribute(property.name))
-        held->clearValue(property.isImportant ? ImportantStyleLayer : StyleLayer); // may delete this node
+        held->clearValue(property.isImportant() ? ImportantStyleLayer : StyleLayer); // may delete this node
 }
 
 QString Styleable::attributeSource(const QByteArray& name) const {

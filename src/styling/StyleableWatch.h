@@ -13,21 +13,15 @@ namespace Brisko {
 ///         return;
 class Styleable::Watch {
 public:
-    explicit Watch(Styleable& node) : m_node(&node), m_outer(node.m_watch) { node.m_watch = this; }
-    ~Watch() {
-        if (m_node)
-            m_node->m_watch = m_outer;
-    }
+    explicit Watch(Styleable& node);
+    ~Watch();
     Watch(const Watch&) = delete;
     Watch& operator=(const Watch&) = delete;
 
     bool isAlive() const { return m_node; }
 
     /// Tells @p innermost and those outside of it that the node goes.
-    static void abandon(Watch* innermost) {
-        for (Watch* watch = innermost; watch; watch = watch->m_outer)
-            watch->m_node = nullptr;
-    }
+    static void abandon(Watch* innermost);
 
 private:
     Styleable* m_node; // null once it is deleted

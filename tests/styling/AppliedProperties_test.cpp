@@ -21,8 +21,8 @@ TEST(AppliedProperties, NewPropertyHoldsNothing) {
     EXPECT_EQ(properties.add(name(0)), 0);
     EXPECT_EQ(properties[0].name, name(0));
     EXPECT_EQ(properties[0].declaration, -1);
-    EXPECT_EQ(properties[0].isImportant, 0u);
-    EXPECT_EQ(properties[0].generation, 0u);
+    EXPECT_EQ(properties[0].isImportant(), false);
+    EXPECT_EQ(properties[0].generation(), 0u);
 }
 
 /// Few that are searched, and so many that a table takes over; before and after each is added.
@@ -44,14 +44,13 @@ TEST(AppliedProperties, KeepsWhatIsWrittenAsItGrows) {
     for (int i = 0; i < 100; ++i) {
         AppliedProperties::Property& property = properties[properties.add(name(i))];
         property.declaration = i;
-        property.isImportant = i % 2;
-        property.generation = unsigned(3 * i);
+        property.writing = AppliedProperties::writingOf(unsigned(3 * i), i % 2 == 1);
     }
     const AppliedProperties& read = properties;
     for (int i = 0; i < 100; ++i) {
         EXPECT_EQ(read[i].declaration, i);
-        EXPECT_EQ(read[i].isImportant, unsigned(i % 2));
-        EXPECT_EQ(read[i].generation, unsigned(3 * i));
+        EXPECT_EQ(read[i].isImportant(), i % 2 == 1);
+        EXPECT_EQ(read[i].generation(), unsigned(3 * i));
     }
 }
 
