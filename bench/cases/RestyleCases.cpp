@@ -59,7 +59,7 @@ Figures restyle(const Change& change, const std::string& treeFile) {
 
 Figures addChildren(int siblings, const std::string& treeFile) {
     constexpr int added = 100;
-    Styleable parent("div");
+    BenchNode parent("div");
     parent.setStyle(styleFor(treeFile));
     const auto newChild = [] {
         auto* child = new BenchNode("div");

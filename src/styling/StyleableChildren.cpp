@@ -5,8 +5,17 @@
 
 namespace Brisko {
 
+namespace {
+
+/// The node that an attribute is, if it can be styled; else null.
+Styleable* styleable(Ondex::Attribute* attribute) {
+    return attribute->isNode() ? dynamic_cast<Styleable*>(attribute) : nullptr;
+}
+
+} // namespace
+
 void Styleable::attributeAdded(Ondex::Attribute* attribute) {
-    auto* child = dynamic_cast<Styleable*>(attribute);
+    Styleable* child = styleable(attribute);
     if (!child)
         return;
     addChild(child);
@@ -22,7 +31,7 @@ void Styleable::attributeAdded(Ondex::Attribute* attribute) {
 void Styleable::attributeRemoved(Ondex::Attribute* attribute) {
     if (m_pass)
         m_pass->forget(attribute);
-    if (auto* child = dynamic_cast<Styleable*>(attribute))
+    if (Styleable* child = styleable(attribute))
         removeChild(child);
 }
 
