@@ -8,6 +8,13 @@ namespace Brisko {
 using Ondex::Attribute;
 using Ondex::StyleValue;
 
+namespace {
+
+// A chain of compounds takes the grammar's stack, which has an end. Longer ones are left to it, so that it can run out.
+constexpr std::size_t mostCompounds = 100;
+
+} // namespace
+
 bool PlainRules::readRuleSets(std::optional<int> lookahead, Commit commit) {
     return readList(lookahead, [this, commit](Preview& preview) { return readRuleSet(preview, commit); });
 }
@@ -110,6 +117,8 @@ bool PlainRules::readCompounds(Preview& ahead) {
             ahead.next(&content);
         if (ahead.token() == '{' || ahead.token() == COMMA)
             return true;
+        if (m_compounds.size() == mostCompounds)
+            return false;
         const bool isChild = ahead.token() == '>';
         if (!isChild && !isBlankBehind)
             return false;

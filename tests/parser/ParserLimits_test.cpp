@@ -41,6 +41,25 @@ TEST(ParserLimits, SelectorsHaveThousandsOfCompounds) {
     EXPECT_EQ(selectors[0].size(), 3001);
 }
 
+TEST(ParserLimits, SelectorsBeyondTheStackGiveUp) {
+    for (const char* joint : {" ", ">", " > "}) {
+        TraceGuard trace;
+        StyleSheet sheet;
+        const QByteArray text = "a {x: 1}\n" + ("b" + QByteArray(joint)).repeated(6000) + "b {y: 2}\nc {z: 3}";
+        EXPECT_FALSE(CSSParser().parseString(sheet, text, nullptr, author)) << joint;
+        EXPECT_EQ(dumpSheet(sheet), "a {x: 1}") << joint;
+        EXPECT_EQ(trace.takeErrors(), (Strings{":1: error: memory exhausted", "CSS Parse Error: On line 1"})) << joint;
+    }
+}
+
+TEST(ParserLimits, SelectorsInSheetsHaveThousandsOfCompounds) {
+    TraceGuard trace;
+    StyleSheet sheet;
+    EXPECT_TRUE(CSSParser().parseString(sheet, QByteArray("b ").repeated(3000) + "b {y: 2}", nullptr, author));
+    ASSERT_EQ(sheet.rules().size(), 1u);
+    EXPECT_EQ(sheet.rules()[0].selector().size(), 3001);
+}
+
 TEST(ParserLimits, ListsDoNotGrowTheStack) {
     TraceGuard trace;
     StyleSheet sheet;
