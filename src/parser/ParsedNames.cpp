@@ -69,6 +69,15 @@ const QByteArray& ParsedNames::lowerName(const TokenText& text) {
     return lower.constData() == given.constData() ? given : find(lower).name;
 }
 
+std::size_t ParsedNames::longestSearch() const {
+    std::size_t longest = 0;
+    for (std::size_t at = 0; at < m_slots.size(); ++at) {
+        if (!m_slots[at].isFree())
+            longest = std::max(longest, (at - placeOf(m_slots[at].hash)) & (m_slots.size() - 1));
+    }
+    return longest;
+}
+
 void ParsedNames::clear() {
     m_slots = {};
     m_count = 0;
@@ -90,9 +99,14 @@ ParsedNames::Slot& ParsedNames::find(const char* bytes, int size) {
     return slot;
 }
 
+// The upper bits choose the place: only they depend on all bytes of a name.
+std::size_t ParsedNames::placeOf(quint32 hash) const {
+    return std::size_t(quint64(hash) * m_slots.size() >> 32);
+}
+
 ParsedNames::Slot& ParsedNames::slotOf(quint32 hash, const char* bytes, int size) {
     const std::size_t mask = m_slots.size() - 1;
-    for (std::size_t at = (hash >> 1) & mask;; at = (at + 1) & mask) {
+    for (std::size_t at = placeOf(hash);; at = (at + 1) & mask) {
         Slot& slot = m_slots[at];
         if (slot.isFree() || (slot.hash == hash && slot.name.size() == size &&
                               std::memcmp(slot.name.constData(), bytes, std::size_t(size)) == 0))

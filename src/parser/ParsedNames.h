@@ -25,6 +25,9 @@ public:
 
     void clear();
 
+    /// The most slots that a look-up of a name in the table passes over.
+    std::size_t longestSearch() const;
+
 private:
     struct Slot {
         quint32 hash = 0; // odd; 0 where the slot is free
@@ -37,6 +40,7 @@ private:
     Slot& find(const TokenText& text);
     Slot& find(const char* bytes, int size);
     Slot& find(const QByteArray& name) { return find(name.constData(), name.size()); }
+    std::size_t placeOf(quint32 hash) const;
     Slot& slotOf(quint32 hash, const char* bytes, int size);
     void grow();
 

@@ -49,6 +49,23 @@ TEST(ParsedNames, KeepsManyNamesApart) {
     }
 }
 
+TEST(ParsedNames, NamesThatDifferInAFewBytesAreFoundAtOnce) {
+    constexpr std::size_t few = 64;
+    constexpr int differing = 2;
+    for (int size = differing; size <= 20; ++size) {
+        for (int at = 0; at <= size - differing; ++at) {
+            ParsedNames names;
+            for (int i = 0; i < 64 * 64; ++i) {
+                QByteArray name(size, 'a');
+                name[at] = char('0' + i / 64);
+                name[at + 1] = char('0' + i % 64);
+                names.name(text(name));
+            }
+            EXPECT_LT(names.longestSearch(), few) << "bytes " << at << " of " << size;
+        }
+    }
+}
+
 TEST(ParsedNames, InternedNamesAreThoseOfTheProcess) {
     ParsedNames names;
     const QByteArray before = names.name(text("min-width"));
