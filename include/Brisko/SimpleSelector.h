@@ -53,7 +53,8 @@ public:
     /// Names in the order they were added.
     std::vector<QByteArray> pseudoClasses() const { return {m_pseudoClasses.begin(), m_pseudoClasses.end()}; }
     int pseudoClassCount() const { return int(m_pseudoClasses.size()); }
-    /// The text as of the last updateString(): type, classes, pseudo-classes, id; empty before that.
+    /// The text as of the last updateString(): type, classes, pseudo-classes, id; empty before that. Valid until the
+    /// compound changes.
     const QByteArray& toString() const;
 
     void setType(const QByteArray& type);
