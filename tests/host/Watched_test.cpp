@@ -6,6 +6,8 @@
 
 #include <QStringList>
 
+#include <functional>
+
 using Ondex::Attribute;
 using Ondex::Node;
 using Ondex::Watched;
@@ -20,12 +22,16 @@ public:
     Watched<QString, Panel> title;
     Watched<float, Panel> width;
     QStringList log;
+    std::function<void()> onTold = [] {};
 
 private:
     template <typename T, typename Watcher>
     friend class Ondex::Watched;
     static constexpr int WatcherRole = 2;
-    void watchedChanged(Attribute& attribute) { log.append(attribute.name()); }
+    void watchedChanged(Attribute& attribute) {
+        log.append(attribute.name());
+        onTold();
+    }
 };
 
 } // namespace
@@ -56,6 +62,20 @@ TEST(Watched, TellsItInTheOrderOfRoles) {
     panel.log.clear();
     panel.title = QStringLiteral("a");
     EXPECT_EQ(panel.log, (QStringList{"1", "title", "2", "3"}));
+}
+
+TEST(Watched, MayAddListenersWhereTheyStandBehindAllOthers) {
+    Panel panel;
+    panel.title.setWatcher(panel);
+    panel.title.addListener([&panel] { panel.log.append("2"); }, 2);
+    panel.title.addListener([&panel] { panel.log.append("3"); }, 3);
+    panel.onTold = [&panel] { panel.title.addListener([&panel] { panel.log.append("new"); }, 3); };
+    panel.title = QStringLiteral("a");
+    EXPECT_EQ(panel.log, (QStringList{"title", "2", "3"})) << "those that were there are called, the new one is not";
+    panel.log.clear();
+    panel.onTold = [] {};
+    panel.title = QStringLiteral("b");
+    EXPECT_EQ(panel.log, (QStringList{"title", "2", "3", "new"}));
 }
 
 TEST(Watched, HasNoOwner) {

@@ -147,10 +147,10 @@ void Attribute::callListeners(FollowerTurn& turn) {
     }
     const Emission emission(this);
     const long newest = lastListenerId;
-    Listener* listener = lastListener();
-    bool isLast = !listener;
+    Listener* listener = nullptr; // the one that was reached last
+    bool isLast = !lastListener();
     while (emission.attribute() && !isLast) {
-        Listener* next = listener->next;
+        Listener* next = (listener ? listener : lastListener())->next; // a follower may have added a new last one
         if (turn.isDueBefore(next->role)) {
             turn.call();
             continue;
