@@ -72,12 +72,25 @@ void WaitingRules::sortByOrder(std::vector<const WaitingCompound*>& compounds, s
               [](const WaitingCompound* a, const WaitingCompound* b) { return a->order < b->order; });
 }
 
+/// Whether @p group of @p list, which is behind this one, stands further up as well, where all of it counts already.
+bool WaitingRules::isFurtherUp(const WaitingGroup* group, const WaitingRules* list) const {
+    for (const WaitingRules* above = this; above != list; above = above->m_rest.data()) {
+        if (above->m_groups.contains(group))
+            return true;
+    }
+    return false;
+}
+
 void WaitingRules::collect(const KeySet& keys, std::vector<const WaitingCompound*>& found) const {
     const auto first = std::ptrdiff_t(found.size());
     for (const WaitingRules* list = this; list; list = list->m_rest.data()) {
         const auto held = std::ptrdiff_t(found.size());
-        for (const WaitingGroup* group : list->m_groups)
+        for (const WaitingGroup* group : list->m_groups) {
+            const std::size_t before = found.size();
             group->collect(keys, list == this, found);
+            if (found.size() > before && isFurtherUp(group, list))
+                found.resize(before);
+        }
         if (std::ptrdiff_t(found.size()) == held)
             continue;
         // What stands further up as well has the same key, and was collected there.

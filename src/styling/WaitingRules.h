@@ -7,7 +7,9 @@
 #include <QSharedData>
 #include <QVarLengthArray>
 
+#include <algorithm>
 #include <atomic>
+#include <iterator>
 #include <vector>
 
 namespace Brisko {
@@ -77,11 +79,14 @@ public:
         return compounds;
     }
 
-    /// Calls @p visit(WaitingCompound) in order; a state that stands at two places comes twice.
+    /// Calls @p visit(WaitingCompound) in order; a state of two groups comes twice.
     template <typename Visit>
     void visit(Visit visit) const {
         for (const WaitingRules* list = this; list; list = list->m_rest.data()) {
-            for (const WaitingCompound* compound : inOrder(list->m_groups)) {
+            Groups groups;
+            std::copy_if(list->m_groups.begin(), list->m_groups.end(), std::back_inserter(groups),
+                         [&](const WaitingGroup* group) { return !isFurtherUp(group, list); });
+            for (const WaitingCompound* compound : inOrder(groups)) {
                 if (list == this || compound->goesOn)
                     visit(*compound);
             }
@@ -89,6 +94,7 @@ public:
     }
 
 private:
+    bool isFurtherUp(const WaitingGroup* group, const WaitingRules* list) const;
     static void sortByOrder(std::vector<const WaitingCompound*>& compounds, std::ptrdiff_t first);
     StateList& flat() const;
     bool has(const WaitingGroup* group) const;

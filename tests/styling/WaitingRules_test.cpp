@@ -236,6 +236,24 @@ TEST_F(WaitingRulesTest, ConsistsOfItsGroupsAndItsVeryRest) {
     EXPECT_EQ(rules.length(), 2);
 }
 
+TEST_F(WaitingRulesTest, GroupThatStandsInEveryListIsVisitedOnce) {
+    const std::vector<Declaration> declarations;
+    SimpleSelector compound(SimpleSelector::AuthorOrigin, "a", "");
+    compound.setCombinator(SimpleSelector::Descendant);
+    WaitingGroup group;
+    group.add(&declarations, &compound, 1, 0);
+    group.file();
+    WaitingRules::Pointer rules;
+    for (int i = 0; i < 3; ++i)
+        rules = new WaitingRules(Groups{&group}, rules);
+    int visits = 0;
+    rules->visit([&visits](const WaitingCompound&) { ++visits; });
+    EXPECT_EQ(visits, 1);
+    KeySet keys;
+    keys.insert(MatchKey::ofType(Gorvel::interned("a")));
+    EXPECT_TRUE(collected(*rules, keys) == (States{{&declarations, &compound, 1}}));
+}
+
 TEST_F(WaitingRulesTest, ListMadeByHandRaisesAStateInItsPlace) {
     const std::vector<Declaration> declarations;
     const SimpleSelector a(SimpleSelector::AuthorOrigin, "a", "");
