@@ -13,8 +13,9 @@ namespace {
 
 /// Whether an interned name is among the held ones, which are interned as well; or one of the same bytes is.
 bool holds(const Gorvel::ArraySet<QByteArray>& held, const QByteArray& wanted) {
-    return std::any_of(held.begin(), held.end(), [&](const QByteArray& name) { return name.isSharedWith(wanted); }) ||
-           held.contains(wanted);
+    constexpr int few = 16; // up to here all are looked at
+    const auto isWanted = [&wanted](const QByteArray& name) { return name.isSharedWith(wanted); };
+    return (held.size() <= few && std::any_of(held.begin(), held.end(), isWanted)) || held.contains(wanted);
 }
 
 bool holdsAll(const Gorvel::ArraySet<QByteArray>& held, const Gorvel::ArraySet<QByteArray>& wanted) {

@@ -92,6 +92,20 @@ TEST(StyleableMatchOne, SpecificityIsLeftAloneWhereNothingMatches) {
     EXPECT_EQ(specificity, 77);
 }
 
+TEST(StyleableMatchOne, FindsEachOfManyClasses) {
+    Brisko::Styleable node("a");
+    QStringList names;
+    for (int i = 0; i < 40; ++i)
+        names.append(QString("c%1").arg(i));
+    node.setCSSClasses(names.join(' '));
+    for (int i = 0; i < 41; ++i) {
+        SimpleSelector selector(SimpleSelector::AuthorOrigin, "", "");
+        selector.addClass("c1");
+        selector.addClass("c" + QByteArray::number(i));
+        EXPECT_EQ(node.match(selector, nullptr), i < 40) << i;
+    }
+}
+
 TEST(StyleableMatchOne, CombinatorAndNextCompoundDoNotCount) {
     TestNode node("n");
     Brisko::Selector selector;
