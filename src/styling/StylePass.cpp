@@ -182,7 +182,8 @@ int StylePass::findPlace(const Offer& offered) {
     Attribute* attribute = m_node.attribute(property);
     if (!attribute)
         return makePlace(property);
-    const int place = m_scratch.applied.placeOf(attribute, &property);
+    const bool isItsName = attribute->name().isSharedWith(property); // a node may answer one of another name
+    const int place = m_scratch.applied.placeOf(attribute, isItsName ? &property : nullptr);
     m_scratch.found.enter(offered.property, place);
     return place;
 }

@@ -202,6 +202,23 @@ TEST_F(Cascade, SourceIsEmptyForUnknownAndUnsetProperties) {
     EXPECT_EQ(node.attributeSource("nosuch"), QString());
 }
 
+TEST_F(Cascade, SourceIsThatOfTheAttributeWhateverNameItWasFoundUnder) {
+    /// A node with an attribute that answers to a second name.
+    class Renaming : public TestNode {
+    public:
+        using TestNode::TestNode;
+        Attribute* attribute(const QByteArray& name) const override {
+            return TestNode::attribute(name == "old-name" ? QByteArray("name") : name);
+        }
+    };
+    Renaming renaming("panel");
+    addNumber(renaming, "name");
+    styleWith(renaming, "panel { old-name: 3; }");
+    EXPECT_EQ(textOf(renaming, "name"), "3");
+    EXPECT_EQ(renaming.attributeSource("name"), renaming.style().styleSheet()->source(0));
+    EXPECT_EQ(renaming.attributeSource("old-name"), QString());
+}
+
 TEST_F(Cascade, ClearedNameIsClearedAgainByEveryLaterPass) {
     auto* attribute = new RecordingAttribute(&node, "x");
     styleWith(node, "panel { x: 5 }");
