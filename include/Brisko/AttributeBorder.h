@@ -21,7 +21,7 @@ public:
     AttributeBorderSingle(Ondex::Node* host, const QByteArray& name);
     ~AttributeBorderSingle() override;
 
-    /// Width, style and colour of this side, as the longhands had them at their last change.
+    /// Width, style and colour of this side, as the longhands had them at their last change; kept up as they change.
     const Border& border() const;
 
     /// The longhands' texts as "width style rgba_pma(r, g, b, a)".
@@ -51,7 +51,7 @@ private:
     Longhand<Ondex::StyleValue> m_width;
     Longhand<Ondex::StyleValue> m_style;
     Longhand<Gorvel::ColorPMA> m_color;
-    std::unique_ptr<Border> m_border; // null until a longhand changes
+    mutable std::unique_ptr<Border> m_border; // null until somebody asks for it or a longhand changes
 };
 
 /// One property of all four sides, such as "border-width": 1 to 4 components in the order of CSS 2.1 section 8.5.1.

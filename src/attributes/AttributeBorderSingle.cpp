@@ -99,8 +99,9 @@ AttributeBorderSingle::AttributeBorderSingle(Ondex::Node* host, const QByteArray
 AttributeBorderSingle::~AttributeBorderSingle() = default;
 
 const Border& AttributeBorderSingle::border() const {
-    static const Border none;
-    return m_border ? *m_border : none;
+    if (!m_border)
+        m_border = std::make_unique<Border>();
+    return *m_border;
 }
 
 bool AttributeBorderSingle::handleShorthand(const StyleValue& value, Gorvel::ArrayMap<Attribute*, StyleValue>& parts) {

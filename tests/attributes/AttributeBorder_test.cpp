@@ -71,6 +71,12 @@ TEST_F(BorderOfNode, FreshBorderIsUniformAndEmpty) {
         EXPECT_EQ(side, Border());
 }
 
+TEST_F(BorderOfNode, SideThatWasAskedForIsKeptUp) {
+    const Border& top = border.top();
+    node.attribute("border-top-width")->set(StyleValue(4.f), Attribute::UserLayer);
+    EXPECT_EQ(top.width(), 4.f);
+}
+
 TEST_F(BorderOfNode, OnlyLonghandsAreSerialized) {
     for (const char* name : {"border", "border-top", "border-right", "border-bottom", "border-left", "border-width",
                              "border-style", "border-color"})
