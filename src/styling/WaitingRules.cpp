@@ -5,14 +5,6 @@
 
 namespace Brisko {
 
-namespace {
-
-bool areSame(const WaitingCompound& a, const WaitingCompound& b) {
-    return a.declarations == b.declarations && a.selector == b.selector;
-}
-
-} // namespace
-
 WaitingRules::WaitingRules() : m_isMadeByHand(true), m_ownGroup(std::make_unique<WaitingGroup>()) {
     m_groups.append(m_ownGroup.get());
 }
@@ -93,14 +85,25 @@ void WaitingRules::collect(const KeySet& keys, std::vector<const WaitingCompound
         }
         if (std::ptrdiff_t(found.size()) == held)
             continue;
-        // What stands further up as well has the same key, and was collected there.
-        const auto isRepeated = [&](const WaitingCompound* compound) {
-            return std::any_of(found.begin() + first, found.begin() + held,
-                               [compound](const WaitingCompound* other) { return areSame(*compound, *other); });
-        };
-        found.erase(std::remove_if(found.begin() + held, found.end(), isRepeated), found.end());
+        // What stands further up as well has the same key, and was collected there. Groups of a sheet share nothing.
+        if (list->m_ownGroup)
+            dropRepeated(found, first, held);
         sortByOrder(found, held);
     }
+}
+
+/// Takes out what stands from @p held on and from @p first on before that.
+void WaitingRules::dropRepeated(std::vector<const WaitingCompound*>& found, std::ptrdiff_t first, std::ptrdiff_t held) {
+    StateList seen;
+    const auto add = [&seen](const WaitingCompound* compound) {
+        return seen.add({compound->declarations, compound->selector, compound->specificity});
+    };
+    std::for_each(found.begin() + first, found.begin() + held, add);
+    const auto isRepeated = [&](const WaitingCompound* compound) {
+        const int count = int(seen.states().size());
+        return add(compound) < count;
+    };
+    found.erase(std::remove_if(found.begin() + held, found.end(), isRepeated), found.end());
 }
 
 bool WaitingRules::consistsOf(const Groups& groups, const WaitingRules* rest) const {

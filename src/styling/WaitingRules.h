@@ -96,6 +96,7 @@ public:
 private:
     bool isFurtherUp(const WaitingGroup* group, const WaitingRules* list) const;
     static void sortByOrder(std::vector<const WaitingCompound*>& compounds, std::ptrdiff_t first);
+    static void dropRepeated(std::vector<const WaitingCompound*>& found, std::ptrdiff_t first, std::ptrdiff_t held);
     StateList& flat() const;
     bool has(const WaitingGroup* group) const;
     bool holds(const WaitingCompound& wanted) const;
