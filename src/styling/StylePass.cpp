@@ -162,6 +162,8 @@ void StylePass::tryWaiting(const WaitingCompound& waiting) {
 
 void StylePass::apply(const SimpleSelector& compound, const OfferRange& offers, int specificity) {
     for (const Offer& offered : offers) {
+        if (!isNodeAlive())
+            return;
         int place = m_scratch.found.placeOf(offered.property);
         if (place < 0) {
             place = findPlace(offered);
@@ -203,6 +205,8 @@ void StylePass::applyHandedDown(const SimpleSelector& compound, const std::vecto
         return;
     }
     for (const Declaration& declaration : declarations) {
+        if (!isNodeAlive())
+            return;
         Attribute* attribute = m_node.attribute(declaration.property());
         const int place = attribute ? m_scratch.applied.placeOf(attribute, nullptr) : makePlace(declaration.property());
         if (!isNodeAlive())
@@ -227,8 +231,10 @@ void StylePass::take(int place, const StyleValue& value, const Claim& claim) {
     if (!m_scratch.applied.take(place, value, claim)->handleShorthand(value, parts))
         return;
     m_scratch.applied[place].isShorthand = true;
-    for (const auto& [longhand, part] : std::exchange(parts, {}))
-        offer(m_scratch.applied.placeOf(longhand, nullptr), m_scratch.values.emplace_back(part), claim);
+    for (const auto& [longhand, part] : std::exchange(parts, {})) {
+        if (isNodeAlive())
+            offer(m_scratch.applied.placeOf(longhand, nullptr), m_scratch.values.emplace_back(part), claim);
+    }
 }
 
 /// Writes every winner. The first values of a node take their places at once; later on, transitions are armed before

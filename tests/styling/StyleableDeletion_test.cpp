@@ -129,6 +129,27 @@ TEST_F(StyleableDeletion, OfTheNodeInAFactory) {
     EXPECT_FALSE(node->setStyle(Style(sheetOf("node { depth: 1; width: 2 } * { width: 3 }"))));
 }
 
+/// A property that deletes its node when it is asked for its parts.
+class DeletingProperty : public Ondex::AttributeT<float> {
+public:
+    DeletingProperty(TestNode*& node, const QByteArray& name) : AttributeT(node, name), m_node(node) {}
+    bool handleShorthand(const Ondex::StyleValue&, Gorvel::ArrayMap<Attribute*, Ondex::StyleValue>&) override {
+        delete std::exchange(m_node, nullptr);
+        return false;
+    }
+
+private:
+    TestNode*& m_node;
+};
+
+TEST_F(StyleableDeletion, OfTheNodeWhoseAttributeIsAskedForItsParts) {
+    new DeletingProperty(middle, "depth"); // the node owns it
+    middle->setCSSClasses("deep");
+    styleWith(*panel, ".deep { depth: 1; width: 5 } button { width: 2; height: 3 }");
+    expectOnlyMiddleIsGone();
+    EXPECT_EQ(textOf(*last, "width"), "2");
+}
+
 TEST_F(StyleableDeletion, OfAnAttributeThatIsStillToBeWritten) {
     whenChanged(*middle, "width", [this] { delete middle->attribute("height"); });
     panel->setStyle(style);
