@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <climits>
+#include <cstring>
 
 // The generated scanner, as Scanner.l declares it.
 int scannerlex(Brisko::SemanticValue* value, yyscan_t scanner);
@@ -65,7 +66,9 @@ RawScanner::~RawScanner() {
 bool RawScanner::startRules() {
     m_buffer.reserve(m_text.size() + endMarkSize);
     m_buffer = m_text;
-    std::replace(m_buffer.begin(), m_buffer.end(), '\0', zeroMask);
+    char* const end = m_buffer.data() + m_buffer.size();
+    for (char* at = m_buffer.data(); (at = static_cast<char*>(std::memchr(at, '\0', std::size_t(end - at))));)
+        *at = zeroMask;
     m_buffer.append(endMarkSize, '\0');
     if (scannerlex_init_extra(this, &m_scanner) != 0)
         return false;
