@@ -1,6 +1,5 @@
 #pragma once
 
-#include "Gorvel/Name.h"
 #include "model/NameTable.h"
 
 #include <QVarLengthArray>

@@ -3,6 +3,8 @@
 #include "Brisko/Styleable.h"
 #include "Gorvel/ArrayMap.h"
 
+#include <algorithm>
+
 namespace Brisko {
 
 /// The pseudo-classes of a node: which are on, and which of them the selectors of the last pass tested.

@@ -7,7 +7,7 @@
 #include "styling/StylePass.h"
 #include "styling/StyleableWatch.h"
 
-#include <algorithm>
+#include <utility>
 
 namespace Brisko {
 

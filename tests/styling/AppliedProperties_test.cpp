@@ -1,5 +1,7 @@
 #include "styling/AppliedProperties.h"
 
+#include "Gorvel/Name.h"
+
 #include <gtest/gtest.h>
 
 namespace Brisko {
