@@ -1,6 +1,6 @@
 # Settings that every target of this project shares.
 
-# Language level, warnings, visibility and sanitizers for one target.
+# Language level, warnings, visibility, sanitizers and coverage for one target.
 function(brisko_target_defaults target)
   target_compile_features(${target} PUBLIC cxx_std_17)
   set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF CXX_VISIBILITY_PRESET hidden
@@ -13,6 +13,10 @@ function(brisko_target_defaults target)
     target_compile_options(${target} PRIVATE -fsanitize=${BRISKO_SANITIZE} -fno-sanitize-recover=undefined
                                              -fno-omit-frame-pointer)
     target_link_options(${target} PRIVATE -fsanitize=${BRISKO_SANITIZE})
+  endif()
+  if(BRISKO_COVERAGE)
+    target_compile_options(${target} PRIVATE --coverage)
+    target_link_options(${target} PRIVATE --coverage)
   endif()
 endfunction()
 
