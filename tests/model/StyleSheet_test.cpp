@@ -47,6 +47,21 @@ TEST(Declaration, CopyHasEveryField) {
     EXPECT_TRUE(copy.important());
 }
 
+TEST(Declaration, EqualityIsThatOfEveryField) {
+    const Declaration one("x", StyleValue(1), false);
+    EXPECT_TRUE(one == Declaration("x", StyleValue(1), false));
+    EXPECT_FALSE(one != Declaration("x", StyleValue(1), false));
+
+    StyleSheet sheet;
+    Declaration numbered = one;
+    sheet.setId(numbered, "a.css:1");
+    for (const Declaration& other : {numbered, Declaration("y", StyleValue(1), false),
+                                     Declaration("x", StyleValue(2), false), Declaration("x", StyleValue(1), true)}) {
+        EXPECT_FALSE(one == other) << other.id() << other.property().constData();
+        EXPECT_TRUE(one != other);
+    }
+}
+
 TEST(Rule, CopySharesTheCompoundsAndHasEqualDeclarations) {
     const Rule rule(type("a"), {declaration("x", 1), declaration("y", 2)});
     const Rule copy = rule;
