@@ -121,6 +121,8 @@ private:
 
     template <typename Write>
     void writeAsOne(const Write& write);
+    template <typename Set>
+    bool setSides(const Set& set);
     void sideChanged();
     void update();
 

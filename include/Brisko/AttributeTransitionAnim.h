@@ -38,7 +38,6 @@ private:
     Longhand m_property;
     Longhand m_duration;
     Longhand m_delay;
-    Ondex::Node* m_node;
     std::unique_ptr<std::set<QByteArray>> m_armed; // null where there are none
 };
 

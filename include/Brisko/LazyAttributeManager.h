@@ -22,11 +22,12 @@ namespace Brisko {
 /// One registry serves the process. It takes no lock: register before styling starts on other threads.
 class BRISKO_EXPORT LazyAttributeManager {
 public:
-    /// Makes the attribute of that name on the node, as its host; null to decline.
+    /// Makes the attribute of that name on the node, as its host; null to decline. It may register and unregister
+    /// others and delete the node, and answers null where it did that.
     using Factory = std::function<Ondex::Attribute*(Ondex::Node* node, const QByteArray& name)>;
 
-    /// Offers a factory for one name for as long as it lives. Copies refer to the same offer, which ends with the first
-    /// of them.
+    /// Offers a factory for one name for as long as it lives; what that made stays with its nodes. Copies refer to the
+    /// same offer, which ends with the first of them.
     class BRISKO_EXPORT Registrant {
     public:
         Registrant(const QByteArray& name, Factory factory);

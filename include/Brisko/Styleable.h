@@ -28,8 +28,9 @@ struct WaitingCompound;
 ///
 /// The root is given a Style; every other node takes the one that its host hands on. A change of the identity restyles
 /// the node, and its children only where what they are handed changed. While a node is being styled, a further restyle
-/// of it waits until the pass is over. A listener may delete any node and attribute, also those that are being styled.
-/// Used on the thread that owns the node.
+/// of it waits until the pass is over. A listener may delete any node and attribute, also those that are being styled,
+/// and give any node another style; see Ondex::Attribute::addListener() for what it must not do. A node keeps its sheet
+/// alive until it is given another one. Used on the thread that owns the node.
 class BRISKO_EXPORT Styleable : public Ondex::Node {
 public:
     explicit Styleable(const QByteArray& type);

@@ -1,6 +1,7 @@
 #include "Brisko/AttributeBorder.h"
 
 #include "Gorvel/Name.h"
+#include "Ondex/AttributeWatch_p.h"
 
 #include <utility>
 
@@ -67,9 +68,12 @@ void AttributeBorder::update() {
 /// that a listener begins inside of one belongs to the outer.
 template <typename Write>
 void AttributeBorder::writeAsOne(const Write& write) {
+    const Ondex::AttributeWatch watch(*this);
     const bool isInner = std::exchange(m_isBatch, true);
-    for (std::size_t i = 0; i < m_sides.size(); ++i)
+    for (std::size_t i = 0; watch.isAlive() && i < m_sides.size(); ++i)
         write(m_sides[i], i);
+    if (!watch.isAlive())
+        return;
     m_isBatch = isInner;
     if (!isInner && std::exchange(m_isDirty, false))
         update();
@@ -103,18 +107,22 @@ void AttributeBorder::setColor(const Gorvel::ColorPMA& color, BorderMasks sides)
     });
 }
 
-bool AttributeBorder::set(const StyleValue& value, Layer layer) {
+/// Calls @p set for every side until a listener deletes the border. @return whether all of them took the value
+template <typename Set>
+bool AttributeBorder::setSides(const Set& set) {
+    const Ondex::AttributeWatch watch(*this);
     bool taken = true;
-    for (AttributeBorderSingle& side : m_sides)
-        taken = side.set(value, layer) && taken;
+    for (std::size_t i = 0; watch.isAlive() && i < m_sides.size(); ++i)
+        taken = set(m_sides[i]) && taken;
     return taken;
 }
 
+bool AttributeBorder::set(const StyleValue& value, Layer layer) {
+    return setSides([&](AttributeBorderSingle& side) { return side.set(value, layer); });
+}
+
 bool AttributeBorder::set(const QString& value, Layer layer, ValueUnit unit) {
-    bool taken = true;
-    for (AttributeBorderSingle& side : m_sides)
-        taken = side.set(value, layer, unit) && taken;
-    return taken;
+    return setSides([&](AttributeBorderSingle& side) { return side.set(value, layer, unit); });
 }
 
 bool AttributeBorder::deserialize(const Ondex::ArchiveElement&) {

@@ -3,6 +3,7 @@
 #include "Gorvel/Trace.h"
 #include "Hexley/TextLayout.h"
 #include "Ondex/ArchiveElement.h"
+#include "Ondex/AttributeWatch_p.h"
 #include "Ondex/Longhand.h"
 #include "attributes/FontKeywords.h"
 #include "attributes/FontShorthand.h"
@@ -340,17 +341,22 @@ bool AttributeFont::deserialize(const Ondex::ArchiveElement& element) {
     const QStringList words = element.get().split(QRegExp(QStringLiteral("\\s")), Qt::SkipEmptyParts);
     if (words.size() != 4)
         return false;
+    const Ondex::AttributeWatch watch(*this); // a listener may delete the font
     if (words[0] == QLatin1String("normal"))
         setFontStyle(FontStyle::Normal);
     else if (words[0] == QLatin1String("italic") || words[0] == QLatin1String("oblique"))
         setFontStyle(FontStyle::Italic);
-    d->weight.set(words[1], UserLayer, VU_UNKNOWN);
+    const auto setText = [&](auto longhand, const QString& text) {
+        if (watch.isAlive())
+            ((*d).*longhand).set(text, UserLayer, VU_UNKNOWN);
+    };
+    setText(&Private::weight, words[1]);
     const QStringList sizes = words[2].split(QLatin1Char('/'), Qt::SkipEmptyParts);
     if (sizes.size() != 2)
         return false;
-    d->size.set(sizes[0], UserLayer, VU_UNKNOWN);
-    d->lineHeight.set(sizes[1], UserLayer, VU_UNKNOWN);
-    d->family.set(words[3], UserLayer, VU_UNKNOWN);
+    setText(&Private::size, sizes[0]);
+    setText(&Private::lineHeight, sizes[1]);
+    setText(&Private::family, words[3]);
     return true;
 }
 

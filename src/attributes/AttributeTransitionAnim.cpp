@@ -61,7 +61,7 @@ float cyclic(const std::vector<float>& values, std::size_t i) {
 
 AttributeTransitionAnim::AttributeTransitionAnim(Ondex::Node* host, const QByteArray& name)
     : Attribute(host, name), m_property(host, interned(name, "-property")),
-      m_duration(host, interned(name, "-duration")), m_delay(host, interned(name, "-delay")), m_node(host) {
+      m_duration(host, interned(name, "-duration")), m_delay(host, interned(name, "-delay")) {
     for (Longhand* longhand : {&m_property, &m_duration, &m_delay})
         longhand->setCompound(*this);
 }
@@ -91,8 +91,12 @@ bool AttributeTransitionAnim::deserialize(const Ondex::ArchiveElement&) {
     return false;
 }
 
-/// Arms the attributes that are listed now and disarms those that no longer are.
-void AttributeTransitionAnim::longhandChanged(Attribute&) {
+/// Arms the attributes that are listed now and disarms those that no longer are: those of the node that the longhands
+/// are on, which may be gone while they live on with this.
+void AttributeTransitionAnim::longhandChanged(Attribute& longhand) {
+    const Ondex::Node* node = longhand.host();
+    if (!node)
+        return;
     const std::vector<float> durations = secondsOf(m_duration.value());
     const std::vector<float> delays = secondsOf(m_delay.value());
     std::set<QByteArray> noLonger;
@@ -105,7 +109,7 @@ void AttributeTransitionAnim::longhandChanged(Attribute&) {
         if (!m_armed)
             m_armed = std::make_unique<std::set<QByteArray>>();
         m_armed->insert(name);
-        if (Attribute* attribute = m_node->attribute(name))
+        if (Attribute* attribute = node->attribute(name))
             attribute->setTransitionAnim(cyclic(durations, std::size_t(i)), cyclic(delays, std::size_t(i)));
         else
             Gorvel::Trace::warning("AttributeTransitionAnim # Couldn't find attribute '%s'", name.constData());
@@ -113,7 +117,7 @@ void AttributeTransitionAnim::longhandChanged(Attribute&) {
     if (m_armed && m_armed->empty())
         m_armed.reset();
     for (const QByteArray& name : noLonger) {
-        if (Attribute* attribute = m_node->attribute(name))
+        if (Attribute* attribute = node->attribute(name))
             attribute->setTransitionAnim(0.f, 0.f);
     }
 }

@@ -1,5 +1,6 @@
 #include "Brisko/LazyAttributeManager.h"
 
+#include "Ondex/AttributeWatch_p.h"
 #include "Ondex/Node.h"
 
 #include <map>
@@ -51,8 +52,9 @@ Ondex::Attribute* LazyAttributeManager::create(Ondex::Node* node, const QByteArr
     std::vector<Factory> factories;
     for (auto offer = last; offer != first;)
         factories.push_back((--offer)->second.factory);
-    for (const Factory& factory : factories) {
-        if (Ondex::Attribute* attribute = factory(node, name))
+    const Ondex::AttributeWatch watch(*node);
+    for (std::size_t i = 0; watch.isAlive() && i < factories.size(); ++i) {
+        if (Ondex::Attribute* attribute = factories[i](node, name))
             return attribute;
     }
     return nullptr;

@@ -4,6 +4,7 @@
 #include "Gorvel/Name.h"
 #include "Gorvel/Trace.h"
 #include "Ondex/ArchiveElement.h"
+#include "Ondex/AttributeWatch_p.h"
 #include "styling/AppliedProperties.h"
 #include "styling/PseudoClasses.h"
 #include "styling/StylePass.h"
@@ -165,11 +166,17 @@ QString Styleable::attributeSource(const QByteArray& name) const {
 
 bool Styleable::readElement(const Ondex::ArchiveElement& element) {
     const QByteArray name = element.name().toUtf8();
+    const Watch watch(*this);
     Attribute* made = LazyAttributeManager::create(this, name);
+    if (!watch.isAlive())
+        return false;
     if (!made)
         return Ondex::Node::readElement(element);
+    const Ondex::AttributeWatch madeWatch(*made);
     if (made->deserialize(element))
         return true;
+    if (!watch.isAlive() || !madeWatch.isAlive())
+        return false;
     Gorvel::Trace::error("Styleable::readElement(%s) # Failed to deserialize element '%s'", typeid(*this).name(),
                          name.constData());
     // A factory may answer a longhand: the shorthand that it made owns that.

@@ -7,6 +7,7 @@
 #include "styling/StylingFixture.h"
 
 #include <memory>
+#include <utility>
 
 namespace Testing {
 namespace {
@@ -201,6 +202,47 @@ TEST(BoxModelLifetime, BoxMayGoWhileATransitionRuns) {
     box->addCSSClass("on");
     box.reset();
 }
+
+/// Writes of a box, by the attribute whose listeners see them first.
+struct BoxChange {
+    const char* name;
+    const char* attribute;
+    void (*change)(CSSBoxModel& box);
+};
+
+const BoxChange boxChanges[] = {
+    {"Location", "x", [](CSSBoxModel& box) { box.setLocation(3.f, 4.f); }},
+    {"X", "x", [](CSSBoxModel& box) { box.setX(3.f, Attribute::VU_PXS); }},
+    {"Size", "width", [](CSSBoxModel& box) { box.setSize(Size(3.f, 4.f)); }},
+    {"Height", "height", [](CSSBoxModel& box) { box.setHeight(3.f, Attribute::VU_PXS); }},
+    {"Margin", "margin-top", [](CSSBoxModel& box) { box.setMargin(3.f); }},
+    {"Padding", "padding-top", [](CSSBoxModel& box) { box.setPadding(3.f); }},
+    {"BorderWidth", "border-top-width", [](CSSBoxModel& box) { box.setBorderWidth(4.f); }},
+    {"BorderStyle", "border-top-style", [](CSSBoxModel& box) { box.setBorderStyle(Border::Solid); }},
+    {"BorderColor", "border-top", [](CSSBoxModel& box) { box.setBorderColor(1.f, 0.f, 0.f, 1.f); }},
+    {"WholeBorder", "border-top-width",
+     [](CSSBoxModel& box) { box.border().set(CSSParser::parseValue("4px solid"), Attribute::UserLayer); }},
+    {"BackgroundColor", "background", [](CSSBoxModel& box) { box.setBackgroundColor(1.f, 0.f, 0.f, 1.f); }},
+    {"StyledSize", "width", [](CSSBoxModel& box) { styleWith(box, "* { size: 3px 4px; margin: 1px }"); }},
+    {"StyledBorder", "border-top-width", [](CSSBoxModel& box) { styleWith(box, "* { border: 4px solid red }"); }},
+    {"StyledBackground", "background",
+     [](CSSBoxModel& box) { styleWith(box, "* { background: border-box red; border: 4px solid red }"); }},
+};
+
+class BoxModelDeletion : public testing::TestWithParam<BoxChange> {};
+
+TEST_P(BoxModelDeletion, ByAListener) {
+    TraceGuard trace;
+    CSSBoxModel root;
+    auto* box = new CSSBoxModel;
+    root.addAttribute(box);
+    box->attribute(GetParam().attribute)->addListener([&box] { delete std::exchange(box, nullptr); }, 5);
+    GetParam().change(*box);
+    EXPECT_EQ(box, nullptr);
+    EXPECT_TRUE(root.children().isEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Lifetime, BoxModelDeletion, testing::ValuesIn(boxChanges), nameOfRow);
 
 } // namespace
 } // namespace Testing

@@ -134,5 +134,26 @@ TEST_F(LazyAttributes, EmptyFactoryFailsAsTheFunctionWrapperDoes) {
     EXPECT_THROW(LazyAttributeManager::create(&node, "depth"), std::bad_function_call);
 }
 
+TEST_F(LazyAttributes, NobodyIsAskedBehindAFactoryThatDeletedTheNode) {
+    auto* doomed = new Ondex::Node(nullptr, "node");
+    const Registrant older("depth", factory("older", true));
+    const Registrant later("depth", [](Ondex::Node* host, const QByteArray&) -> Attribute* {
+        delete host;
+        return nullptr;
+    });
+    EXPECT_EQ(LazyAttributeManager::create(doomed, "depth"), nullptr);
+    EXPECT_EQ(asked, Labels());
+}
+
+TEST_F(LazyAttributes, FactoryMayEndItsOwnOffer) {
+    std::unique_ptr<Registrant> registrant;
+    registrant = std::make_unique<Registrant>("depth", [&](Ondex::Node* host, const QByteArray& name) -> Attribute* {
+        registrant.reset();
+        return new Ondex::AttributeT<float>(host, name);
+    });
+    EXPECT_NE(LazyAttributeManager::create(&node, "depth"), nullptr);
+    EXPECT_FALSE(LazyAttributeManager::serves("depth"));
+}
+
 } // namespace
 } // namespace Testing

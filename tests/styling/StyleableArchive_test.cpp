@@ -109,5 +109,46 @@ TEST_F(StyleableArchive, StyledNodeIsRestyledByWhatItReads) {
     EXPECT_EQ(textOf(node, "width"), "5");
 }
 
+/// Tells that it is read, which may delete it, and that it cannot be.
+class DeletedByReading : public Attribute {
+public:
+    using Attribute::Attribute;
+    bool deserialize(const ArchiveElement&) override {
+        emitChange();
+        return false;
+    }
+};
+
+TEST_F(StyleableArchive, AttributeThatCannotBeReadMayBeGoneAlready) {
+    const LazyAttributeManager::Registrant registrant("depth", [](Ondex::Node* host, const QByteArray& name) {
+        auto* made = new DeletedByReading(host, name);
+        made->addListener([made] { delete made; }, 5);
+        return made;
+    });
+    EXPECT_FALSE(node.readElement(element("depth", "5.5")));
+    EXPECT_EQ(node.attribute("depth"), nullptr);
+}
+
+TEST_F(StyleableArchive, NodeMayBeDeletedByTheAttributeThatIsRead) {
+    const LazyAttributeManager::Registrant registrant("depth", [](Ondex::Node* host, const QByteArray& name) {
+        auto* made = new DeletedByReading(host, name);
+        made->addListener([host] { delete host; }, 5);
+        return made;
+    });
+    auto* doomed = addNode(node, "button");
+    EXPECT_FALSE(doomed->readElement(element("depth", "5.5")));
+    EXPECT_TRUE(node.children().isEmpty());
+}
+
+TEST_F(StyleableArchive, NodeMayBeDeletedByTheFactoryOfWhatIsRead) {
+    const LazyAttributeManager::Registrant registrant("depth", [](Ondex::Node* host, const QByteArray&) {
+        delete host;
+        return static_cast<Attribute*>(nullptr);
+    });
+    auto* doomed = addNode(node, "button");
+    EXPECT_FALSE(doomed->readElement(element("depth", "5.5")));
+    EXPECT_TRUE(node.children().isEmpty());
+}
+
 } // namespace
 } // namespace Testing

@@ -1,7 +1,9 @@
 #include "styling/StylingFixture.h"
 
+#include "Brisko/AttributeBorder.h"
 #include "Brisko/LazyAttributeManager.h"
 #include "Gorvel/BinaryData.h"
+#include "Ondex/TransitionManager.h"
 
 #include <gtest/gtest.h>
 
@@ -170,6 +172,83 @@ TEST_F(StyleableDeletion, OfAnAttributeAmongMany) {
     styleWith(*panel, css + " }");
     EXPECT_EQ(textOf(*middle, "n30"), "missing");
     EXPECT_EQ(textOf(*middle, "n39"), "7");
+}
+
+TEST_F(StyleableDeletion, OfTheNodeByAListenerOfItsClasses) {
+    panel->setStyle(style);
+    whenChanged(*middle, "css-class", [this] { delete std::exchange(middle, nullptr); });
+    middle->addCSSClasses({"on", "off"});
+    expectOnlyMiddleIsGone();
+}
+
+TEST_F(StyleableDeletion, OfTheNodeByAnEarlyListenerOfItsClasses) {
+    panel->setStyle(style);
+    middle->attribute("css-class")->addListener([this] { delete std::exchange(middle, nullptr); }, 0);
+    middle->setCSSClasses("on");
+    expectOnlyMiddleIsGone();
+}
+
+TEST_F(StyleableDeletion, OfTheNodeByAListenerOfItsId) {
+    panel->setStyle(style);
+    whenChanged(*middle, "css-id", [this] { delete std::exchange(middle, nullptr); });
+    middle->setCSSId("save");
+    expectOnlyMiddleIsGone();
+}
+
+TEST_F(StyleableDeletion, OfTheNodeThatIsGivenAnotherType) {
+    panel->setStyle(style);
+    deleteMiddleWhenItsWidthChanges();
+    middle->setCSSType("other");
+    expectOnlyMiddleIsGone();
+}
+
+TEST_F(StyleableDeletion, OfTheNodeByAHandlerOfItsPseudoClassEvent) {
+    panel->setStyle(style);
+    int calls = 0;
+    middle->eventAddIn("pseudo-class-changed", [this, &calls](const Gorvel::BinaryData&) {
+        ++calls;
+        delete std::exchange(middle, nullptr);
+    });
+    middle->eventAddIn("pseudo-class-changed", [&calls](const Gorvel::BinaryData&) { ++calls; });
+    middle->setPseudoClass("hover", true);
+    expectOnlyMiddleIsGone();
+    EXPECT_EQ(calls, 2);
+}
+
+TEST_F(StyleableDeletion, OfACompoundAttributeThatIsStillToBeWritten) {
+    new Brisko::AttributeBorder(middle, "border"); // the node owns it
+    whenChanged(*middle, "width", [this] { delete middle->attribute("border"); });
+    TraceGuard trace;
+    styleWith(*panel, "#b { border-top-width: 7 } button { width: 1; border: 2px solid red; height: 2 }");
+    EXPECT_EQ(textOf(*middle, "border-top-width"), "missing");
+    EXPECT_EQ(textOf(*middle, "height"), "2");
+    EXPECT_EQ(trace.takeErrors().size(), 2u) << "the other buttons have no border";
+}
+
+TEST_F(StyleableDeletion, OfACompoundAttributeWhileItsLonghandsAreWritten) {
+    auto* border = new Brisko::AttributeBorder(middle, "border");
+    middle->setCSSId("b");
+    whenChanged(*middle, "border-right-style", [border] { delete border; });
+    styleWith(*panel, "#b { border: 2px solid red; height: 2 }");
+    EXPECT_EQ(textOf(*middle, "border-top-width"), "missing");
+    EXPECT_EQ(textOf(*middle, "height"), "2");
+}
+
+TEST_F(StyleableDeletion, OfTheAttributeByItsTransition) {
+    styleWith(*panel, "button { transition: width 2s; width: 1 } button.on { width: 3 }");
+    middle->addCSSClass("on");
+    whenChanged(*middle, "width", [this] { delete middle->attribute("width"); });
+    Ondex::TransitionManager::advance(1.f);
+    EXPECT_EQ(textOf(*middle, "width"), "missing");
+    EXPECT_EQ(Ondex::TransitionManager::runningCount(), 0);
+}
+
+TEST_F(StyleableDeletion, OfTheNodeByTheEndOfItsTransition) {
+    styleWith(*panel, "button { transition: width 2s; width: 1 } button.on { width: 3 }");
+    middle->addCSSClass("on");
+    deleteMiddleWhenItsWidthChanges();
+    Ondex::TransitionManager::finishAll();
+    expectOnlyMiddleIsGone();
 }
 
 } // namespace

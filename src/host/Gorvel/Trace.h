@@ -26,7 +26,8 @@ public:
     enum class Level { Debug, Warning, Error };
 
     /// Receives messages, each complete and without a newline. Called on the thread that sends the message, maybe on
-    /// several at once. What a sink itself sends goes to the default sink.
+    /// several at once. What a sink itself sends goes to the default sink. A sink must not throw, delete or change
+    /// nodes and attributes, or use the parser that reports.
     using Sink = std::function<void(Level, const QByteArray& message)>;
 
     // The formats are those of printf; %s takes UTF-8.

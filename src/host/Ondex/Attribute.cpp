@@ -7,6 +7,7 @@
 #include "Ondex/ArchiveElement.h"
 #include "Ondex/AttributeBaseT.h"
 #include "Ondex/AttributeExtra_p.h"
+#include "Ondex/AttributeWatch_p.h"
 #include "Ondex/Node.h"
 #include "Ondex/StyleValue.h"
 #include "Ondex/TransitionManager.h"
@@ -44,7 +45,7 @@ QString archivedText(const Attribute& attribute, bool& hasText, Attribute::Layer
 } // namespace
 
 Attribute::Attribute(Node* host, const QByteArray& name)
-    : m_isNode(false), m_hasExtra(false), m_isFollowed(false), m_name(Gorvel::interned(name)),
+    : m_isNode(false), m_hasExtra(false), m_isFollowed(false), m_isWatched(false), m_name(Gorvel::interned(name)),
       m_ownerShorthand(nullptr) {
     if (host)
         host->insert(this);
@@ -52,6 +53,8 @@ Attribute::Attribute(Node* host, const QByteArray& name)
 
 Attribute::~Attribute() {
     emitDelete();
+    if (m_isWatched)
+        AttributeWatch::noteDeletion(*this);
     if (m_hasExtra || m_isFollowed)
         releaseListeners();
     if (m_hasExtra)

@@ -89,6 +89,7 @@ public:
     /// Splits @p value into the parts of the longhands of this attribute.
     /// @return true when this is a shorthand that took the value; @p parts then has an entry per longhand.
     ///         False otherwise: the value is meant for this attribute itself.
+    /// An override changes nothing: a style pass asks before it writes, and may ask more often than it writes.
     virtual bool handleShorthand(const StyleValue& value, Gorvel::ArrayMap<Attribute*, StyleValue>& parts);
     virtual bool isValueDefinedOnLayer(Layer layer) const;
     /// The child attribute called @p name, the first one where there are several; null where there is none.
@@ -114,8 +115,9 @@ public:
     void setOwnerShorthand(Attribute* shorthand);
 
     /// Has @p callback called at every change. @return an id for removeListener().
-    /// A callback may add and remove listeners, set values, and delete attributes, even the one that calls it.
-    /// Listeners removed by a callback are not called any more, listeners added by one from the next change on.
+    /// A callback may add and remove listeners, set values, and delete attributes and nodes, even the one that calls
+    /// it. Listeners removed by a callback are not called any more, listeners added by one from the next change on.
+    /// It must not delete a longhand, which goes with its owner, change a style sheet that is in use, or throw.
     long addListener(std::function<void()> callback, int role);
     /// Ends what addListener() began; an unknown id is ignored.
     void removeListener(long id);
@@ -158,6 +160,7 @@ protected:
     LayerSet m_layers; // those above the default layer that hold a value, for the classes that store values
 
 private:
+    friend class AttributeWatch;
     friend class Node;
     struct Listener;
     class Emission;
@@ -177,6 +180,7 @@ private:
     bool m_isNode : 1;     // set by Node, whose children are deleted one after another instead of nested
     bool m_hasExtra : 1;   // which member of the union is the live one
     bool m_isFollowed : 1; // by its class, without a listener
+    bool m_isWatched : 1;  // has been, by an AttributeWatch
     int m_slot = -1;       // place in the host's list of attributes; below -1: in the queue of nodes to delete
     Node* m_host = nullptr;
     QByteArray m_name; // interned

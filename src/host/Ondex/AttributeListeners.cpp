@@ -212,16 +212,17 @@ bool Attribute::isEmitting() const {
     return false;
 }
 
-/// Takes @p listener, the one after @p previous, out of the ring and deletes it.
+/// Takes @p listener, the one after @p previous, out of the ring and deletes it, at last: it may hold the last
+/// reference to what owns this attribute.
 void Attribute::unlinkListener(Listener* previous, Listener* listener) {
     previous->next = listener->next;
     if (listener == m_extra->lastListener)
         m_extra->lastListener = previous == listener ? nullptr : previous;
-    delete listener;
     dropEmptyExtra();
+    delete listener;
 }
 
-/// Deletes the listeners that were removed during an emission.
+/// Deletes the listeners that were removed during an emission, as unlinkListener() does it.
 void Attribute::sweepListeners() {
     Listener* kept = nullptr;
     Listener* removed = nullptr;
@@ -237,8 +238,8 @@ void Attribute::sweepListeners() {
         listener = next;
     }
     m_extra->lastListener = kept;
-    freeListeners(removed);
     dropEmptyExtra();
+    freeListeners(removed);
 }
 
 void Attribute::freeListeners(Listener* last) {

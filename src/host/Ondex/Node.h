@@ -50,7 +50,8 @@ public:
 
     /// Declares an event that this node sends.
     void eventAddOut(const QByteArray& event);
-    /// Has @p handler called with every event of that name that this node sends or is handed.
+    /// Has @p handler called with every event of that name that this node sends or is handed. It may add handlers, for
+    /// the next event on, and delete this node; those that were there when the event came are called all the same.
     void eventAddIn(const QByteArray& event, std::function<void(const Gorvel::BinaryData&)> handler);
     /// Sends an event that eventAddOut() declared; one that was not declared is reported and dropped.
     void eventSend(const QByteArray& event, Gorvel::BinaryData& data);

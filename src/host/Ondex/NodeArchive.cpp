@@ -2,9 +2,11 @@
 
 #include "Gorvel/Trace.h"
 #include "Ondex/Archive.h"
+#include "Ondex/AttributeWatch_p.h"
 
 #include <QHash>
 
+#include <memory>
 #include <utility>
 
 namespace Ondex {
@@ -12,8 +14,16 @@ namespace Ondex {
 /// Reads a tree of nodes one after another instead of nested in each other, so that its depth is not bounded by the
 /// stack: what deserialize() of the node in turn does is to put its child nodes at the end of the row.
 struct Node::Reading {
+    /// A node that is to be read, unless a listener deletes it before.
+    struct Place {
+        explicit Place(Node& toRead) : node(toRead), watch(toRead) {}
+        Node& node;
+        AttributeWatch watch;
+    };
+    using Places = QList<std::shared_ptr<const Place>>;
+
     Node* current = nullptr; // the node in turn, until it has been read
-    std::vector<std::pair<Node*, ArchiveElement>> row;
+    std::vector<std::pair<std::shared_ptr<const Place>, ArchiveElement>> row;
 
     static thread_local Reading* innermost;
 
@@ -21,9 +31,11 @@ struct Node::Reading {
         Reading* outer = std::exchange(innermost, this);
         bool isComplete = true;
         for (size_t i = 0; i < row.size(); ++i) {
-            const auto [node, element] = row[i];
-            current = node;
-            isComplete = node->deserialize(element) && isComplete;
+            const auto [place, element] = std::move(row[i]);
+            if (!place->watch.isAlive())
+                continue;
+            current = &place->node;
+            isComplete = place->node.deserialize(element) && isComplete;
         }
         innermost = outer;
         return isComplete;
@@ -58,20 +70,24 @@ bool Node::deserialize(const ArchiveElement& element) {
         return true;
     }
     Reading ownReading;
-    ownReading.row.emplace_back(this, element);
+    ownReading.row.emplace_back(std::make_shared<Reading::Place>(*this), element);
     return ownReading.readAll();
 }
 
 /// Reads the child elements into the attributes that they are for, and puts child nodes with theirs into the row.
 void Node::readChildren(const ArchiveElement& element, Reading& reading) {
-    QHash<QByteArray, QList<Node*>> nodes; // by name; the first is the one that the next element of that name is for
+    const AttributeWatch watch(*this);
+    QHash<QByteArray, Reading::Places> nodes; // by name; the first is the one that the next element of it is for
     for (Attribute* attribute : std::as_const(m_slots)) {
         if (attribute && attribute->m_isNode)
-            nodes[attribute->name()].append(static_cast<Node*>(attribute));
+            nodes[attribute->name()].append(std::make_shared<Reading::Place>(static_cast<Node&>(*attribute)));
     }
     const QList<ArchiveElement> children = element.children();
     for (const ArchiveElement& child : children) {
-        if (readElement(child))
+        const bool isRead = readElement(child);
+        if (!watch.isAlive())
+            return;
+        if (isRead)
             continue;
         const auto sameName = nodes.find(child.name().toUtf8());
         if (sameName != nodes.end() && !sameName->isEmpty()) {
