@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <iterator>
 
 namespace Brisko {
 
@@ -123,6 +124,11 @@ std::optional<StyleValue> colourFunction(const QString& name, const StyleValue& 
             return function.evaluate(arguments);
     }
     return std::nullopt;
+}
+
+bool isColourFunction(const QString& name) {
+    return std::any_of(std::begin(colourFunctions), std::end(colourFunctions),
+                       [&name](const ColourFunction& function) { return name == QLatin1String(function.name); });
 }
 
 } // namespace Brisko

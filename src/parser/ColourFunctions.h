@@ -19,4 +19,7 @@ Gorvel::ColorPMA parseColor(const char* hex, int size);
 /// @return      nothing where the name is none of these, or the number of arguments is not the function's
 std::optional<Ondex::StyleValue> colourFunction(const QString& name, const Ondex::StyleValue& arguments);
 
+/// Whether there is a number of arguments for which a function of that name is one of these.
+bool isColourFunction(const QString& name);
+
 } // namespace Brisko

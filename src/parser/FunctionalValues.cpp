@@ -23,6 +23,11 @@ int vectorSize(const QString& name) {
 
 } // namespace
 
+bool ParserDriver::knowsFunction(const TokenText& function) {
+    const QString name = function.toString().toLower();
+    return vectorSize(name) > 0 || isColourFunction(name);
+}
+
 StyleValue* ParserDriver::parseFunction(const QString& name, StyleValue* arguments) {
     if (const int size = vectorSize(name)) {
         Trace::warning("%s:%d: %s() is deprecated syntax", m_fileName.toUtf8().constData(), currentLine(),

@@ -107,6 +107,8 @@ public:
     Ondex::StyleValue* calcValue(Ondex::SimpleExpression* expression);
     Ondex::StyleValue* colorValue(const TokenText& hex);
     Ondex::StyleValue* call(const TokenText& function, Ondex::StyleValue* arguments);
+    /// Whether there are arguments for which call() does something.
+    static bool knowsFunction(const TokenText& function);
     Ondex::SimpleExpression* combine(Ondex::SimpleExpression* left, Ondex::SimpleExpression::Tag tag,
                                      Ondex::SimpleExpression* right) const;
     Ondex::SimpleExpression* fractionOfReference(float fraction) const;

@@ -13,6 +13,7 @@ namespace {
 // A chain of compounds takes the grammar's stack, which has an end. Longer ones are left to it, so that it can run out.
 constexpr std::size_t mostCompounds = 100;
 
+
 } // namespace
 
 bool PlainRules::readRuleSets(std::optional<int> lookahead, Commit commit) {
@@ -22,18 +23,16 @@ bool PlainRules::readRuleSets(std::optional<int> lookahead, Commit commit) {
 bool PlainRules::readDeclarations(std::optional<int> lookahead) {
     return readList(lookahead, [this](Preview& preview) {
         Preview ahead = preview;
-        const std::optional<Declared> declared = readDeclaration(ahead);
-        if (!declared)
+        const bool isPlain =
+            readDeclaration(ahead) && m_declared.back().value && ahead.token() == ';' && passBlanks(ahead);
+        if (!isPlain) {
+            forget();
             return false;
-        const bool isWhole = ahead.token() == ';' && passBlanks(ahead);
-        if (isWhole) {
-            declare(*declared);
-            m_tokens.goTo(ahead);
-            preview = ahead;
-        } else {
-            m_driver.release(declared->value);
         }
-        return isWhole;
+        declareAll();
+        m_tokens.goTo(ahead);
+        preview = ahead;
+        return true;
     });
 }
 
@@ -52,17 +51,16 @@ bool PlainRules::readList(std::optional<int> lookahead, Read readOne) {
 
 bool PlainRules::readRuleSet(Preview& preview, Commit commit) {
     Preview ahead = preview;
-    const bool isPlain = readSelectors(ahead) && readBlock(ahead) && passBlanks(ahead);
+    m_recovery.reset();
+    const bool isPlain = readSelectors(ahead) && readBlock(ahead) && passBlanks(ahead) && isRecovered(ahead);
     if (!isPlain) {
         forget();
         return false;
     }
     for (Selector* selector : m_selectors)
         m_driver.add(selector);
-    for (const Declared& declared : m_declared)
-        declare(declared);
     m_selectors.clear();
-    m_declared.clear();
+    declareAll();
     m_tokens.goTo(ahead);
     m_driver.parseRule();
     if (commit == Commit::EachRuleSet)
@@ -170,10 +168,8 @@ bool PlainRules::readSimple(Preview& ahead, SemanticValue& content, Compound* co
 bool PlainRules::readBlock(Preview& ahead) {
     ahead.skipBlanks();
     while (!ahead.nextIs('}')) {
-        const std::optional<Declared> declared = readDeclaration(ahead);
-        if (!declared)
+        if (!readDeclaration(ahead))
             return false;
-        m_declared.push_back(*declared);
         if (ahead.token() == '}')
             return true;
         if (ahead.token() != ';' || !passBlanks(ahead))
@@ -192,39 +188,104 @@ bool PlainRules::passBlanks(Preview& ahead) const {
     return behind.token() != 0 || m_tokens.isAtEnd(ahead);
 }
 
+// Whether the grammar would have left the last mistake behind: it takes three tokens before it reports the next.
+bool PlainRules::isRecovered(const Preview& ahead) const {
+    if (!m_recovery)
+        return true;
+    Preview behind = *m_recovery;
+    SemanticValue none;
+    return behind.next(&none) != 0 && behind.next(&none) != 0 && !behind.isBeyond(ahead);
+}
+
 // Declarations
+
+void PlainRules::declareAll() {
+    for (const Declared& declared : m_declared)
+        declare(declared);
+    m_declared.clear();
+}
 
 void PlainRules::declare(const Declared& declared) {
     m_tokens.goTo(declared.end);
     m_driver.setExprError(false);
-    m_driver.declare(declared.property, declared.value, declared.isImportant);
+    if (!declared.value) {
+        m_driver.error(declared.end.token() == ';' ? "syntax error, unexpected ';'"
+                                                   : "syntax error, unexpected IMPORTANT_SYM");
+        return;
+    }
+    StyleValue* const value = declared.function ? m_driver.call(*declared.function, declared.value) : declared.value;
+    m_driver.declare(declared.property, value, declared.isImportant);
 }
 
 // A declaration and the token behind it.
-std::optional<PlainRules::Declared> PlainRules::readDeclaration(Preview& ahead) {
+bool PlainRules::readDeclaration(Preview& ahead) {
     SemanticValue property;
     SemanticValue none;
     if (ahead.next(&property) != IDENT || ahead.nextVisible(&none) != ':')
-        return std::nullopt;
-    StyleValue* const value = readExpr(ahead, Functions::Allowed);
-    if (!value)
-        return std::nullopt;
-    Declared declared{property.text, value, ahead.token() == IMPORTANT_SYM, ahead};
-    if (declared.isImportant) {
+        return false;
+    const int token = ahead.nextVisible(&none);
+    if (token == ';' || token == IMPORTANT_SYM)
+        return readMissingValue(ahead, property.text);
+    const bool isRead =
+        token == FUNCTION ? readFunctionFirst(ahead, property.text, none) : readValue(ahead, property.text, none);
+    if (isRead && ahead.token() == IMPORTANT_SYM) {
+        Declared& declared = m_declared.back();
+        declared.isImportant = true;
         ahead.next(&none);
         declared.end = ahead;
         if (ahead.token() == WHITESPACE)
             ahead.next(&none);
     }
-    return declared;
+    return isRead;
 }
 
-// Terms and the token behind them.
-StyleValue* PlainRules::readExpr(Preview& ahead, Functions functions) {
-    StyleValue* list = nullptr;
-    StyleValue::Separator separator = StyleValue::SEPARATOR_WHITE_SPACE;
+// A value whose first token has been read, and the token behind it.
+bool PlainRules::readValue(Preview& ahead, const TokenText& property, SemanticValue& content) {
+    StyleValue* const value = readExpr(ahead, content, Functions::Allowed);
+    if (value)
+        m_declared.push_back({property, value, std::nullopt, false, ahead});
+    return value;
+}
+
+// No value, where the semicolon or the mark of importance behind it has been read. The grammar drops that mark and the
+// blanks behind it, and goes on with the semicolon.
+bool PlainRules::readMissingValue(Preview& ahead, const TokenText& property) {
+    m_declared.push_back({property, nullptr, std::nullopt, false, ahead});
+    SemanticValue none;
+    if (ahead.token() == IMPORTANT_SYM && ahead.nextVisible(&none) != ';')
+        return false;
+    m_recovery = ahead;
+    return true;
+}
+
+// A value that begins with a function or is an unknown one, and the token behind it.
+bool PlainRules::readFunctionFirst(Preview& ahead, const TokenText& property, SemanticValue& content) {
+    const Preview arguments = ahead;
+    const TokenText name = content.text;
+    if (readValue(ahead, property, content))
+        return true;
+    if (ParserDriver::knowsFunction(name))
+        return false;
+    ahead = arguments;
+    return readUnknownFunction(ahead, property, name);
+}
+
+// The arguments of a function that is the whole value, up to the token behind it.
+bool PlainRules::readUnknownFunction(Preview& ahead, const TokenText& property, const TokenText& name) {
     SemanticValue content;
     ahead.nextVisible(&content);
+    StyleValue* const arguments = readExpr(ahead, content, Functions::Excluded);
+    if (!arguments)
+        return false;
+    const int token = ahead.token() == ')' ? ahead.nextVisible(&content) : 0;
+    m_declared.push_back({property, arguments, name, false, ahead});
+    return token == ';' || token == '}' || token == IMPORTANT_SYM;
+}
+
+// Terms, the first of which has been read, and the token behind them.
+StyleValue* PlainRules::readExpr(Preview& ahead, SemanticValue& content, Functions functions) {
+    StyleValue* list = nullptr;
+    StyleValue::Separator separator = StyleValue::SEPARATOR_WHITE_SPACE;
     while (StyleValue* term = readTerm(ahead, content, functions)) {
         list = list ? m_driver.append(list, separator, term) : term;
         switch (ahead.nextVisible(&content)) {
@@ -277,7 +338,9 @@ StyleValue* PlainRules::readTerm(Preview& ahead, const SemanticValue& content, F
 
 // The arguments of a function and what it makes of them, as far as that is a colour.
 StyleValue* PlainRules::readColour(Preview& ahead, const TokenText& name) {
-    StyleValue* const arguments = readExpr(ahead, Functions::Excluded);
+    SemanticValue content;
+    ahead.nextVisible(&content);
+    StyleValue* const arguments = readExpr(ahead, content, Functions::Excluded);
     if (!arguments)
         return nullptr;
     const std::optional<StyleValue> colour =

@@ -12,9 +12,10 @@ namespace Brisko {
 class ParserDriver;
 
 /// The way past the tables of the grammar for what most sheets consist of: rule sets and declarations of plain tokens
-/// without a mistake. It calls what the actions of the grammar would, in the same order, and leaves the grammar in the
-/// state in which it found it; so it is for the places only where the grammar reads lists. What turns out not to be
-/// plain is left to the grammar as if nobody had looked at it.
+/// without a mistake, but for those that every framework has: values that are gone with their unknown unit, and unknown
+/// functions. It calls what the actions of the grammar would, in the same order, and leaves the grammar in the state in
+/// which it found it; so it is for the places only where the grammar reads lists. What turns out not to be plain is
+/// left to the grammar as if nobody had looked at it.
 class PlainRules {
 public:
     /// Whether finished rule sets count at once.
@@ -36,7 +37,8 @@ private:
 
     struct Declared {
         TokenText property;
-        Ondex::StyleValue* value;
+        Ondex::StyleValue* value;          // null where it is missing
+        std::optional<TokenText> function; // the unknown one that the value is to be given to
         bool isImportant;
         Preview end; // when the grammar would know that it is finished
     };
@@ -52,11 +54,17 @@ private:
     bool readSimple(Preview& ahead, SemanticValue& content, Compound* compound);
     bool readBlock(Preview& ahead);
     bool passBlanks(Preview& ahead) const;
+    bool isRecovered(const Preview& ahead) const;
     void forget();
 
-    std::optional<Declared> readDeclaration(Preview& ahead);
+    bool readDeclaration(Preview& ahead);
+    bool readValue(Preview& ahead, const TokenText& property, SemanticValue& content);
+    bool readMissingValue(Preview& ahead, const TokenText& property);
+    bool readFunctionFirst(Preview& ahead, const TokenText& property, SemanticValue& content);
+    bool readUnknownFunction(Preview& ahead, const TokenText& property, const TokenText& name);
+    void declareAll();
     void declare(const Declared& declared);
-    Ondex::StyleValue* readExpr(Preview& ahead, Functions functions);
+    Ondex::StyleValue* readExpr(Preview& ahead, SemanticValue& content, Functions functions);
     Ondex::StyleValue* readTerm(Preview& ahead, const SemanticValue& content, Functions functions);
     Ondex::StyleValue* readColour(Preview& ahead, const TokenText& name);
 
@@ -66,6 +74,7 @@ private:
     std::vector<SimpleSelector::Combinator> m_combinators; // between them
     std::vector<Selector*> m_selectors;
     std::vector<Declared> m_declared;
+    std::optional<Preview> m_recovery; // of the last mistake: the token with which the grammar goes on has been read
 };
 
 } // namespace Brisko

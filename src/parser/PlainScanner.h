@@ -3,6 +3,7 @@
 #include "parser/NumberText.h"
 #include "parser/SemanticValue.h"
 #include "parser/Tokens.h"
+#include "parser/UnitCode.h"
 
 #include <array>
 
@@ -10,11 +11,13 @@ namespace Brisko {
 
 /// Reads the tokens that most sheets consist of without the tables of Scanner.l: blanks, names, numbers, simple strings
 /// and punctuation, in ASCII and without escapes. Whatever could be anything else is left to the rules, so that both
-/// always agree.
+/// always agree; numbers of unknown units are skipped as the rules do.
 ///
 /// The text must end with a NUL byte, which is never part of a plain token.
 class PlainScanner {
 public:
+    static constexpr int skipped = -1; ///< no token: a number of an unknown unit
+
     /// Reads the token at @p at and moves behind it. Fills @p value for numbers only.
     /// @return  0 where the rules have to be asked; @p at stays where it is
     static int next(const char*& at, SemanticValue* value) {
@@ -183,23 +186,48 @@ private:
         return isReal ? REAL : INTEGER;
     }
 
-    // A number with the unit at @p unit, where that is one of the most common.
+    // A number with the sign or the unit at @p unit. An unknown unit takes its number with it.
     static int readUnit(const char*& at, const char* unit, SemanticValue* value) {
-        int token = 0;
-        const double number = readReal(at, unit);
-        if (*unit == '%') {
-            value->number = double(float(number / 100.0));
-            at = unit + 1;
-            return PERCENTAGE;
-        }
-        if (isLetter(unit[0], 'p') && isLetter(unit[1], 'x'))
-            token = PXS;
-        else if (isLetter(unit[0], 'e') && isLetter(unit[1], 'm'))
-            token = EMS;
-        if (token == 0 || is(unit[2], namePart | unsure))
+        if (*unit == '%')
+            return finishNumber(PERCENTAGE, 100.0, at, unit, unit + 1, value);
+        if (isLetter(unit[0], 'p') && isLetter(unit[1], 'x') && !is(unit[2], namePart | unsure))
+            return finishNumber(PXS, 1.0, at, unit, unit + 2, value);
+        const char* end = *unit == '-' ? unit + 1 : unit;
+        if (traits[index(*end)].start != Start::Name)
             return 0;
-        value->number = double(float(number));
-        at = unit + 2;
+        do
+            ++end;
+        while (is(*end, namePart));
+        if (is(*end, unsure))
+            return 0;
+        switch (unitCode(unit, end)) {
+        case unitCode("em"):
+            return finishNumber(EMS, 1.0, at, unit, end, value);
+        case unitCode("ex"):
+            return finishNumber(EXS, 1.0, at, unit, end, value);
+        case unitCode("s"):
+            return finishNumber(REAL, 1.0, at, unit, end, value);
+        case unitCode("ms"):
+            return finishNumber(REAL, 1000.0, at, unit, end, value);
+        case unitCode("cm"):
+        case unitCode("mm"):
+        case unitCode("in"):
+        case unitCode("pt"):
+        case unitCode("pc"):
+        case unitCode("deg"):
+        case unitCode("rad"):
+        case unitCode("grad"):
+            return 0;
+        default:
+            at = end;
+            return skipped;
+        }
+    }
+
+    static int finishNumber(int token, double divisor, const char*& at, const char* unit, const char* end,
+                            SemanticValue* value) {
+        value->number = double(float(readReal(at, unit) / divisor));
+        at = end;
         return token;
     }
 

@@ -34,12 +34,12 @@ public:
     int next(SemanticValue* value) {
         if (m_startToken != 0)
             return std::exchange(m_startToken, 0);
-        m_begin = m_end;
-        if (m_readsPlainTokens) {
-            if (const int token = PlainScanner::next(m_end, value))
-                return token;
-        }
-        return nextByRules(value);
+        int token = 0;
+        do {
+            m_begin = m_end;
+            token = m_readsPlainTokens ? PlainScanner::next(m_end, value) : 0;
+        } while (token == PlainScanner::skipped);
+        return token ? token : nextByRules(value);
     }
 
     /// Leaves all tokens to the rules from now on.

@@ -23,6 +23,20 @@ bool isBlank(char character) {
 
 } // namespace
 
+// Reads the token behind what was skipped, as nextVisible() would. Its text begins at the result.
+const char* TokenFilter::Preview::passSkipped(int previous, SemanticValue* value) {
+    const char* text = nullptr;
+    do {
+        text = m_end;
+        m_token = PlainScanner::next(m_end, value);
+        if (m_token == WHITESPACE && previous == WHITESPACE) {
+            m_place = m_end;
+            m_token = PlainScanner::skipped;
+        }
+    } while (m_token == PlainScanner::skipped);
+    return text;
+}
+
 int TokenFilter::skipBadStrings(SemanticValue* value) {
     for (;;) {
         const TokenText string = TokenText::make(m_scanner->text() + 1, m_scanner->place(), TokenText::Latin1);

@@ -44,9 +44,13 @@ public:
     public:
         /// Reads the next token; 0 where that is not plain.
         int next(SemanticValue* value) {
-            m_begin = m_end;
+            const int previous = m_token;
+            m_place = m_end;
             m_token = PlainScanner::next(m_end, value);
-            setText(m_token, m_begin, m_end, value);
+            const char* text = m_place;
+            if (m_token == PlainScanner::skipped)
+                text = passSkipped(previous, value);
+            setText(m_token, text, m_end, value);
             return m_token;
         }
         /// The same behind any blanks.
@@ -55,12 +59,14 @@ public:
         bool nextIs(char character) {
             if (*m_end != character)
                 return false;
-            m_begin = m_end++;
+            m_place = m_end++;
             m_token = character;
             return true;
         }
         /// The token read last.
         int token() const { return m_token; }
+        /// Whether it has read what another has not.
+        bool isBeyond(const Preview& other) const { return m_end > other.m_end; }
         /// Takes the token read last for one that is not plain.
         void giveUp() { m_token = 0; }
         void skipBlanks() {
@@ -72,23 +78,24 @@ public:
 
     private:
         friend class TokenFilter;
-        explicit Preview(const char* place) : m_begin(place), m_end(place) {}
+        Preview(const char* place, int previous) : m_place(place), m_end(place), m_token(previous) {}
+        const char* passSkipped(int previous, SemanticValue* value);
 
-        const char* m_begin;
+        const char* m_place; // where the token read last was asked for
         const char* m_end;
-        int m_token = 0;
+        int m_token;
     };
 
     /// A preview of what lex() reads next.
-    Preview preview() const { return Preview(m_scanner->place()); }
+    Preview preview() const { return Preview(m_scanner->place(), m_previous); }
     /// A preview that reads the token read last again. Nothing must have been skipped before that.
-    Preview previewOfLast() const { return Preview(m_scanner->text()); }
+    Preview previewOfLast() const { return Preview(m_scanner->text(), 0); }
     /// Whether the token read last begins where the one before ends.
     bool isLastAdjacent() const { return m_scanner->text() == m_place; }
     bool isAtEnd(const Preview& preview) const { return m_scanner->isEnd(preview.m_end); }
     /// Makes the token read last in a preview the one read last.
     void goTo(const Preview& preview) {
-        m_place = preview.m_begin;
+        m_place = preview.m_place;
         m_previous = preview.m_token;
         m_scanner->moveTo(preview.m_end);
     }

@@ -83,9 +83,12 @@ std::string joined(const std::string& separator, const std::string& piece, int c
     return text;
 }
 
-void compareForms(RandomSheet& random, std::vector<std::string> (RandomSheet::*make)()) {
+using Pieces = RandomSheet::Pieces;
+
+void compareForms(RandomSheet& random, Pieces (RandomSheet::*make)(),
+                  std::string (RandomSheet::*join)(const Pieces&) = &RandomSheet::join) {
     for (int i = 0; i < textCount; ++i) {
-        const std::string text = random.join((random.*make)());
+        const std::string text = (random.*join)((random.*make)());
         ASSERT_EQ(parse(text, nullptr), parse(text, literalparse)) << "seed " << seed << ", text " << i << ":\n"
                                                                    << text;
     }
@@ -109,6 +112,16 @@ TEST(LiteralGrammar, WellFormedSheetsHaveNoSyntaxErrors) {
 TEST(LiteralGrammar, DamagedSheetsAreReadAlike) {
     RandomSheet random(seed + 1);
     compareForms(random, &RandomSheet::damaged);
+}
+
+TEST(LiteralGrammar, SheetsOfFrameworksAreReadAlike) {
+    RandomSheet random(seed + 3);
+    compareForms(random, &RandomSheet::ofFramework, &RandomSheet::joinPlainly);
+}
+
+TEST(LiteralGrammar, DamagedSheetsOfFrameworksAreReadAlike) {
+    RandomSheet random(seed + 4);
+    compareForms(random, &RandomSheet::damagedOfFramework, &RandomSheet::joinPlainly);
 }
 
 TEST(LiteralGrammar, ArbitraryTokensAreReadAlike) {

@@ -66,19 +66,28 @@ TEST(PlainScanner, AgreesWithTheRulesOnBytes) {
 }
 
 TEST(PlainScanner, LeavesToTheRulesWhatIsNotPlain) {
-    for (const char* text :
-         {"a\\62", "caf\xc3\xa9", "url(x)", "URL( 'a' )", "calc(1)", "-->", "--x", "1rem", "1e3", "1-a", "5px\\31",
-          "'a\\\nb'", "\"open", "/* c */", "#", "#\\31", "! important", "!importan", "~="})
+    for (const char* text : {"a\\62",   "caf\xc3\xa9", "url(x)", "URL( 'a' )",  "calc(1)",   "-->",      "--x",
+                             "1--a",    "1rem\\31",    "1pt",    "1GRAD",       "5px\\31",   "'a\\\nb'", "\"open",
+                             "/* c */", "#",           "#\\31",  "! important", "!importan", "~="})
         checkText(text);
 }
 
 TEST(PlainScanner, ReadsWhatIsPlain) {
     SemanticValue value;
-    for (const char* text : {" \n", "a-b_1", "-x", "fn(", "12", "-1.5", "+.5px", "7%", "2EM", "'a b'", "#c0ffee", ",",
-                             "  ,", "!IMPORTANT", "{", ".", "/"}) {
+    for (const char* text : {" \n",  "a-b_1", "-x",    "fn(",     "12", "-1.5", "+.5px",      "7%", "2EM", "1.5S",
+                             "20ms", "3ex",   "'a b'", "#c0ffee", ",",  "  ,",  "!IMPORTANT", "{",  ".",   "/"}) {
         const char* at = text;
-        EXPECT_NE(PlainScanner::next(at, &value), 0) << text;
+        EXPECT_GT(PlainScanner::next(at, &value), 0) << text;
         EXPECT_EQ(*at, '\0') << text;
+    }
+}
+
+TEST(PlainScanner, SkipsNumbersOfUnknownUnits) {
+    SemanticValue value;
+    for (const char* text : {"1rem", "-.5Vh", "1e3", "+2-rem", "5hz", "3KHZ", "1frxpxgrad"}) {
+        const char* at = text;
+        EXPECT_EQ(PlainScanner::next(at, &value), PlainScanner::skipped) << text;
+        EXPECT_STREQ(at, "") << text;
     }
 }
 

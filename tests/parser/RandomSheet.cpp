@@ -13,9 +13,11 @@ constexpr int arbitraryLimit = 60;
 constexpr int deepest = 3;
 
 const char* const names[] = {"a", "b", "panel", "x", "y", "color", "red", "all", "screen", "print", "n\\41 m"};
-const char* const values[] = {"1",     "-2",    "0.5", "50%", "3px",  "2em", "1ex", "2cm",        "90deg",
-                              "250ms", "\"t\"", "'u'", "red", "#f00", "#1",  "1in", "url(\"a\")", "url(b)"};
+const char* const values[] = {"1",    "-2",    "0.5", "50%", "3px",  "2em", "1ex", "2cm",        "90deg", "250ms",
+                              "1.5S", "\"t\"", "'u'", "red", "#f00", "#1",  "1in", "url(\"a\")", "url(b)"};
 const char* const functions[] = {"rgb(", "rgba(", "hsl(", "vec2(", "f("};
+const char* const unknownFunctions[] = {"translateX(", "scale(", "f("};
+const char* const lostValues[] = {"1rem", ".5REM", "-2vh", "1e3", "1-rem", "5hz", "2khz", "1fr_2"};
 const char* const numbers[] = {"1", "0.5", "3px", "2em", "1ex", "50%"};
 const char* const media[] = {"screen", "print", "all"};
 
@@ -58,8 +60,18 @@ RandomSheet::Pieces RandomSheet::wellFormed() {
     return out;
 }
 
-RandomSheet::Pieces RandomSheet::damaged() {
-    Pieces out = wellFormed();
+RandomSheet::Pieces RandomSheet::ofFramework() {
+    Pieces out;
+    for (int i = number(statementLimit); i >= 0; --i) {
+        if (chance(5))
+            statement(out);
+        else
+            plainRuleSet(out);
+    }
+    return out;
+}
+
+RandomSheet::Pieces RandomSheet::damage(Pieces out) {
     for (int i = number(damageLimit); i >= 0 && !out.empty(); --i) {
         const auto at = out.begin() + number(int(out.size()));
         switch (number(5)) {
@@ -100,6 +112,14 @@ std::string RandomSheet::join(const Pieces& all) {
     return text;
 }
 
+std::string RandomSheet::joinPlainly(const Pieces& all) {
+    static const char* const gaps[] = {"", "", " ", " ", "\n", "\n  "};
+    std::string text;
+    for (const std::string& piece : all)
+        text += piece + (chance(2) ? "/* c */" : oneOf(gaps));
+    return text;
+}
+
 void RandomSheet::statement(Pieces& out) {
     switch (number(12)) {
     case 0:
@@ -116,6 +136,43 @@ void RandomSheet::statement(Pieces& out) {
         break;
     default:
         ruleSet(out);
+    }
+}
+
+void RandomSheet::plainRuleSet(Pieces& out) {
+    static const char* const compounds[] = {"a", ".c", "#i", "b.c:hover", "*", ".c.D"};
+    static const char* const joints[] = {",", " ", " > ", ">"};
+    out.push_back(oneOf(compounds));
+    for (int i = number(3); i > 0; --i)
+        out.insert(out.end(), {oneOf(joints), oneOf(compounds)});
+    out.push_back("{");
+    for (int i = number(5); i > 0; --i) {
+        plainDeclaration(out);
+        if (i > 1 || chance(70))
+            out.push_back(";");
+    }
+    out.push_back("}");
+}
+
+void RandomSheet::plainDeclaration(Pieces& out) {
+    out.insert(out.end(), {oneOf(names), ":"});
+    if (chance(20)) {
+        out.push_back(chance(70) ? oneOf(unknownFunctions) : oneOf(functions));
+        plainValue(out);
+        out.push_back(")");
+    } else {
+        plainValue(out);
+    }
+    if (chance(10))
+        out.push_back(" !important");
+}
+
+void RandomSheet::plainValue(Pieces& out) {
+    static const char* const separators[] = {" ", " ", " ", "/", ", "};
+    for (int i = number(3); i >= 0; --i) {
+        out.push_back(chance(40) ? oneOf(lostValues) : oneOf(values));
+        if (i > 0)
+            out.push_back(oneOf(separators));
     }
 }
 

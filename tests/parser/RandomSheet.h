@@ -15,13 +15,19 @@ public:
 
     /// A sheet without a mistake, of all that the grammar knows.
     Pieces wellFormed();
+    /// Rule sets as frameworks have them, with units and functions that are not known. Values may be gone for that.
+    Pieces ofFramework();
     /// A sheet with some pieces taken out, put in, exchanged or doubled, or with its end cut off.
-    Pieces damaged();
+    Pieces damaged() { return damage(wellFormed()); }
+    /// The same of a framework's.
+    Pieces damagedOfFramework() { return damage(ofFramework()); }
     /// Pieces in any order.
     Pieces arbitrary();
 
     /// Writes pieces one after the other, with blanks, line ends, comments or nothing between them.
     std::string join(const Pieces& pieces);
+    /// Writes them with a blank between most of them.
+    std::string joinPlainly(const Pieces& pieces);
 
 private:
     int number(int count);
@@ -30,7 +36,11 @@ private:
     template <int count>
     const char* oneOf(const char* const (&choices)[count]);
 
+    Pieces damage(Pieces out);
     void statement(Pieces& out);
+    void plainRuleSet(Pieces& out);
+    void plainDeclaration(Pieces& out);
+    void plainValue(Pieces& out);
     void ruleSet(Pieces& out);
     void media(Pieces& out);
     void mediaList(Pieces& out);
