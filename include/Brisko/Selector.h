@@ -23,9 +23,9 @@ public:
     Selector() = default;
 
     /// Number of compounds.
-    int size() const { return int(m_compounds.size()); }
+    int size() const { return m_front ? int(m_others.size()) + 1 : 0; }
     /// The leftmost compound. Not to be called on an empty selector.
-    const std::shared_ptr<SimpleSelector>& front() const { return m_compounds.back(); }
+    const std::shared_ptr<SimpleSelector>& front() const { return m_front; }
 
     /// Puts @p compound, which it owns from now on, to the left of the chain; @p combinator joins it to the compound
     /// that was leftmost before and counts only where there was one.
@@ -42,7 +42,12 @@ public:
     bool operator<(const Selector& other) const;
 
 private:
-    std::vector<std::shared_ptr<SimpleSelector>> m_compounds; // right to left
+    const SimpleSelector& fromRight(std::size_t number) const {
+        return number < m_others.size() ? *m_others[number] : *m_front;
+    }
+
+    std::shared_ptr<SimpleSelector> m_front;               // most selectors are of this one and take no memory beside it
+    std::vector<std::shared_ptr<SimpleSelector>> m_others; // right to left
 };
 
 BRISKO_EXPORT QDebug operator<<(QDebug debug, const Selector& selector);

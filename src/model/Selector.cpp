@@ -9,14 +9,14 @@ void Selector::prepend(SimpleSelector* compound, SimpleSelector::Combinator comb
 }
 
 void Selector::prepend(std::shared_ptr<SimpleSelector> compound, SimpleSelector::Combinator combinator) {
-    compound->m_next = nullptr;
-    if (!m_compounds.empty()) {
-        m_compounds.back()->setCombinator(combinator);
-        compound->m_next = m_compounds.back().get();
+    compound->m_next = m_front.get();
+    if (m_front) {
+        m_front->setCombinator(combinator);
+        m_others.push_back(std::move(m_front));
     }
     compound->setCombinator(SimpleSelector::None);
     compound->updateString();
-    m_compounds.push_back(std::move(compound));
+    m_front = std::move(compound);
 }
 
 Selector Selector::universalSelector(SimpleSelector::Origin origin) {
@@ -28,8 +28,8 @@ Selector Selector::universalSelector(SimpleSelector::Origin origin) {
 bool Selector::operator==(const Selector& other) const {
     if (size() != other.size())
         return false;
-    for (std::size_t i = 0; i < m_compounds.size(); ++i) {
-        if (m_compounds[i]->toString() != other.m_compounds[i]->toString())
+    for (std::size_t i = 0; i < std::size_t(size()); ++i) {
+        if (fromRight(i).toString() != other.fromRight(i).toString())
             return false;
     }
     return true;
@@ -38,8 +38,8 @@ bool Selector::operator==(const Selector& other) const {
 bool Selector::operator<(const Selector& other) const {
     if (size() != other.size())
         return size() < other.size();
-    for (std::size_t i = 0; i < m_compounds.size(); ++i) {
-        const int order = qstrcmp(m_compounds[i]->toString(), other.m_compounds[i]->toString());
+    for (std::size_t i = 0; i < std::size_t(size()); ++i) {
+        const int order = qstrcmp(fromRight(i).toString(), other.fromRight(i).toString());
         if (order != 0)
             return order < 0;
     }
