@@ -24,8 +24,10 @@ public:
     /// In one number: the pass that wrote a property last, and whether it wrote to the important layer.
     static unsigned writingOf(unsigned generation, bool isImportant) { return generation << 1 | unsigned(isImportant); }
 
-    /// The place of @p name, -1 where it is not there.
-    int indexOf(const QByteArray& name) const {
+    /// The place of @p name, -1 where it is not there. @param likely  the place to look at first
+    int indexOf(const QByteArray& name, int likely = 0) const {
+        if (likely < m_properties.size() && m_properties[likely].name.isSharedWith(name))
+            return likely;
         if (m_places) {
             const int* place = m_places->find(name);
             return place ? *place : -1;

@@ -2,33 +2,46 @@
 
 #include "Ondex/Attribute.h"
 #include "Ondex/StyleValue.h"
+#include "styling/WholeValues.h"
 
+#include <cstdint>
 #include <deque>
+#include <limits>
 #include <unordered_map>
 #include <vector>
 
 namespace Brisko {
 
 /// By what right a declaration claims a property: the terms of the cascade (CSS 2.1 section 6.4.1).
-struct Claim {
-    int specificity;
-    int declaration; ///< number in the sheet; a later declaration has a higher one
-    bool important;
+///
+///     offered     held        wins
+///     normal      important   no
+///     important   normal      yes
+///     otherwise, by specificity: higher yes, lower no
+///     otherwise, by declaration: higher yes, lower or the same no
+class Claim {
+public:
+    /// One that every other beats.
+    constexpr Claim() = default;
+    /// @param declaration  number in the sheet; a later declaration has a higher one
+    constexpr Claim(int specificity, int declaration, bool isImportant)
+        : m_weight((isImportant ? importantWeight : normalWeight) + (std::int64_t(specificity) - lowestSpecificity)),
+          m_declaration(declaration) {}
 
     /// Whether this claim takes the property from @p held.
-    ///
-    ///     offered     held        wins
-    ///     normal      important   no
-    ///     important   normal      yes
-    ///     otherwise, by specificity: higher yes, lower no
-    ///     otherwise, by declaration: higher yes, lower or the same no
-    bool beats(const Claim& held) const {
-        if (important != held.important)
-            return important;
-        if (specificity != held.specificity)
-            return specificity > held.specificity;
-        return declaration > held.declaration;
+    constexpr bool beats(const Claim& held) const {
+        return m_weight != held.m_weight ? m_weight > held.m_weight : m_declaration > held.m_declaration;
     }
+    constexpr bool isImportant() const { return m_weight >= importantWeight; }
+    constexpr int declaration() const { return m_declaration; }
+
+private:
+    static constexpr std::int64_t lowestSpecificity = std::numeric_limits<int>::min();
+    static constexpr std::int64_t normalWeight = 1;
+    static constexpr std::int64_t importantWeight = normalWeight + (std::int64_t(1) << 32);
+
+    std::int64_t m_weight = 0; // importance, then specificity, in one number
+    int m_declaration = 0;
 };
 
 /// The winner of every attribute in one style pass, in the order in which the attributes were first offered a value.
@@ -39,7 +52,8 @@ public:
         const QByteArray* name;         ///< of the attribute
         const Ondex::StyleValue* value; ///< null before the first offer
         Claim claim;
-        bool isShorthand; ///< the attribute split it and is not written itself
+        bool isWhole;             ///< the attribute is of a class that splits no value
+        bool isShorthand = false; ///< the attribute split it and is not written itself
     };
 
     /// The place of an attribute, which is added where it has none yet.
@@ -50,24 +64,21 @@ public:
             return place;
         if (!name)
             name = &m_names.emplace_back(attribute->name());
-        m_values.push_back({attribute, name, nullptr, {}, false});
+        m_values.push_back({attribute, name, nullptr, {}, areValuesWhole(*attribute)});
         if (m_indexed > 0 || m_values.size() > longList)
             indexRest();
         return int(m_values.size()) - 1;
     }
 
     /// Whether a claim takes the value at that place.
-    bool isWon(int place, const Claim& claim) const {
-        const Value& held = m_values[std::size_t(place)];
-        return !held.value || claim.beats(held.claim);
-    }
-    /// Enters a value that has won. It has to stay until clear(). @return its attribute
-    Ondex::Attribute* take(int place, const Ondex::StyleValue& value, const Claim& claim) {
+    bool isWon(int place, const Claim& claim) const { return claim.beats(m_values[std::size_t(place)].claim); }
+    /// Enters a value that has won. It has to stay until clear(). @return what is there now
+    const Value& take(int place, const Ondex::StyleValue& value, const Claim& claim) {
         Value& held = m_values[std::size_t(place)];
         held.value = &value;
         held.claim = claim;
         held.isShorthand = false;
-        return held.attribute;
+        return held;
     }
 
     /// Drops what was won by an attribute that is deleted; the places of the others stay.

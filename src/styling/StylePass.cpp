@@ -50,7 +50,8 @@ struct StylePass::Scratch {
         goneOn.clear();
         found.clear();
         applied.clear();
-        values.clear();
+        if (!values.empty())
+            values.clear();
         deferred.clear();
         transitions.clear();
         stale.clear();
@@ -162,19 +163,17 @@ void StylePass::tryWaiting(const WaitingCompound& waiting) {
 
 void StylePass::apply(const SimpleSelector& compound, const OfferRange& offers, int specificity) {
     for (const Offer& offered : offers) {
-        if (!isNodeAlive())
-            return;
         int place = m_scratch.found.placeOf(offered.property);
         if (place < 0) {
             place = findPlace(offered);
             if (!isNodeAlive())
                 return;
         }
-        const Claim claim{specificity, offered.id, bool(offered.isImportant)};
         if (place < 0)
             m_scratch.deferred.push_back({&compound, offered.declaration, specificity});
-        else if (m_scratch.applied.isWon(place, claim))
-            take(place, offered.declaration->value(), claim);
+        else if (offer(place, offered.declaration->value(), {specificity, offered.id, bool(offered.isImportant)}) &&
+                 !isNodeAlive())
+            return;
     }
 }
 
@@ -218,22 +217,25 @@ void StylePass::applyHandedDown(const SimpleSelector& compound, const std::vecto
     }
 }
 
-bool StylePass::offer(int place, const StyleValue& value, const Claim& claim) {
+/// @return whether the value won
+inline bool StylePass::offer(int place, const StyleValue& value, const Claim& claim) {
     if (!m_scratch.applied.isWon(place, claim))
         return false;
-    take(place, value, claim);
+    if (!m_scratch.applied.take(place, value, claim).isWhole)
+        split(place);
     return true;
 }
 
-/// Gives a value to the attribute that it won and, where that is a shorthand, offers its parts to the longhands.
-void StylePass::take(int place, const StyleValue& value, const Claim& claim) {
+/// Offers the parts of a value that has won to the longhands, where its attribute is a shorthand.
+void StylePass::split(int place) {
+    const AppliedValues::Value winner = m_scratch.applied[place];
     ShorthandParts& parts = m_scratch.emptyParts();
-    if (!m_scratch.applied.take(place, value, claim)->handleShorthand(value, parts))
+    if (!winner.attribute->handleShorthand(*winner.value, parts))
         return;
     m_scratch.applied[place].isShorthand = true;
     for (const auto& [longhand, part] : std::exchange(parts, {})) {
         if (isNodeAlive())
-            offer(m_scratch.applied.placeOf(longhand, nullptr), m_scratch.values.emplace_back(part), claim);
+            offer(m_scratch.applied.placeOf(longhand, nullptr), m_scratch.values.emplace_back(part), winner.claim);
     }
 }
 
@@ -243,44 +245,43 @@ void StylePass::writeWinners() {
     if (!isNodeAlive())
         return;
     std::vector<int>& transitions = m_scratch.transitions;
-    for (int place = 0; place < m_scratch.applied.size(); ++place) {
-        if (isOfTransition(place))
+    const int count = m_scratch.applied.size();
+    for (int place = 0; place < count; ++place) {
+        if (isOfTransition(m_scratch.applied[place]))
             transitions.push_back(place);
     }
     const bool isFirst = !m_node.m_applied;
     if (!isFirst)
         writeAll(transitions);
-    for (int place = 0; isNodeAlive() && place < m_scratch.applied.size(); ++place) {
-        if (transitions.empty() || !isOfTransition(place))
-            write(place);
+    for (int place = 0; isNodeAlive() && place < count; ++place) {
+        if (transitions.empty() || !isOfTransition(m_scratch.applied[place]))
+            write(m_scratch.applied[place]);
     }
     if (isFirst)
         writeAll(transitions);
 }
 
-bool StylePass::isOfTransition(int place) const {
-    const Attribute* attribute = m_scratch.applied[place].attribute;
-    return attribute && attribute->ownerShorthand() == &m_node.m_transition;
+bool StylePass::isOfTransition(const AppliedValues::Value& winner) const {
+    return winner.attribute && winner.attribute->ownerShorthand() == &m_node.m_transition;
 }
 
 void StylePass::writeAll(const std::vector<int>& places) {
     for (std::size_t i = 0; isNodeAlive() && i < places.size(); ++i)
-        write(places[i]);
+        write(m_scratch.applied[places[i]]);
 }
 
 /// Writes what one declaration holds.
 void StylePass::writeAllOf(int declaration) {
     for (int place = 0; isNodeAlive() && place < m_scratch.applied.size(); ++place) {
-        if (m_scratch.applied[place].claim.declaration == declaration)
-            write(place);
+        if (m_scratch.applied[place].claim.declaration() == declaration)
+            write(m_scratch.applied[place]);
     }
 }
 
-void StylePass::write(int place) {
-    const AppliedValues::Value& winner = m_scratch.applied[place];
+void StylePass::write(const AppliedValues::Value& winner) {
     if (winner.isShorthand || !winner.attribute)
         return;
-    const bool important = winner.claim.important;
+    const bool important = winner.claim.isImportant();
     if (!m_node.setAttributeValue(*winner.attribute, *winner.value,
                                   important ? Attribute::ImportantStyleLayer : Attribute::StyleLayer) ||
         !isNodeAlive())
@@ -288,7 +289,7 @@ void StylePass::write(int place) {
     if (!m_node.m_applied)
         m_node.m_applied = std::make_unique<AppliedProperties>();
     AppliedProperties& properties = *m_node.m_applied;
-    int index = properties.indexOf(*winner.name);
+    int index = properties.indexOf(*winner.name, m_written); // mostly in the order of the last pass
     if (index < 0) {
         index = properties.add(*winner.name);
     } else if (properties[index].isImportant() != important) {
@@ -298,8 +299,9 @@ void StylePass::write(int place) {
             return;
     }
     AppliedProperties::Property& property = properties[index];
+    m_written += property.generation() != m_newGeneration;
     property.writing = AppliedProperties::writingOf(m_newGeneration, important);
-    property.declaration = winner.claim.declaration;
+    property.declaration = winner.claim.declaration();
 }
 
 void StylePass::applyDeferred() {
@@ -321,7 +323,7 @@ void StylePass::applyDeferred() {
 /// Clears what an earlier pass wrote and this one did not, in the order of the names. The names stay, and are cleared
 /// again without effect.
 void StylePass::clearStale() {
-    if (!isNodeAlive() || !m_node.m_applied)
+    if (!isNodeAlive() || !m_node.m_applied || m_written == m_node.m_applied->size())
         return;
     const AppliedProperties& properties = *m_node.m_applied;
     for (int index = 0; index < properties.size(); ++index) {

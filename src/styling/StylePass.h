@@ -43,12 +43,12 @@ private:
     int findPlace(const Offer& offered);
     int makePlace(const QByteArray& property);
     bool offer(int place, const Ondex::StyleValue& value, const Claim& claim);
-    void take(int place, const Ondex::StyleValue& value, const Claim& claim);
+    void split(int place);
     void writeWinners();
-    bool isOfTransition(int place) const;
+    bool isOfTransition(const AppliedValues::Value& winner) const;
     void writeAll(const std::vector<int>& places);
     void writeAllOf(int declaration);
-    void write(int place);
+    void write(const AppliedValues::Value& winner);
     void applyDeferred();
     void clearStale();
 
@@ -60,6 +60,7 @@ private:
     Style m_styleOfLostNode;  // keeps the sheet where the node goes
     Scratch& m_scratch;
     unsigned m_newGeneration;
+    int m_written = 0; // properties that the pass has written
 };
 
 } // namespace Brisko

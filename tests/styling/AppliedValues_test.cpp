@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <iterator>
+#include <limits>
 #include <memory>
 
 namespace Brisko {
@@ -34,6 +36,20 @@ TEST(Claim, LaterDeclarationWinsAndTheSameOneDoesNot) {
     EXPECT_FALSE(normal(1, 1).beats(normal(1, 1)));
 }
 
+TEST(Claim, SpecificitiesFromTheLowestToTheHighestStayInOrder) {
+    constexpr int lowest = std::numeric_limits<int>::min();
+    constexpr int highest = std::numeric_limits<int>::max();
+    const Claim inOrder[] = {
+        {},           normal(lowest, lowest),  normal(lowest, highest),   normal(-1, 0),
+        normal(0, 0), normal(highest, lowest), important(lowest, lowest), important(highest, highest)};
+    for (std::size_t i = 0; i < std::size(inOrder); ++i) {
+        for (std::size_t j = 0; j < std::size(inOrder); ++j)
+            EXPECT_EQ(inOrder[i].beats(inOrder[j]), i > j) << i << " and " << j;
+    }
+    EXPECT_FALSE(normal(highest, highest).isImportant());
+    EXPECT_TRUE(important(lowest, lowest).isImportant());
+}
+
 class AppliedValuesTest : public testing::Test {
 protected:
     Attribute* attribute(int number) {
@@ -45,7 +61,7 @@ protected:
     bool offer(int place, const StyleValue& value, const Claim& claim) {
         if (!applied.isWon(place, claim))
             return false;
-        EXPECT_EQ(applied.take(place, value, claim), applied[place].attribute);
+        EXPECT_EQ(&applied.take(place, value, claim), &applied[place]);
         return true;
     }
 
@@ -70,7 +86,7 @@ TEST_F(AppliedValuesTest, LosingOfferChangesNothing) {
     applied[place].isShorthand = true;
     EXPECT_FALSE(offer(place, second, normal(1, 7)));
     EXPECT_EQ(applied[place].value, &first);
-    EXPECT_EQ(applied[place].claim.declaration, 1);
+    EXPECT_EQ(applied[place].claim.declaration(), 1);
     EXPECT_TRUE(applied[place].isShorthand);
 }
 
@@ -81,7 +97,7 @@ TEST_F(AppliedValuesTest, WinningOfferReplacesTheShorthandMark) {
     applied[place].isShorthand = true;
     EXPECT_TRUE(offer(place, value, important(0, 2)));
     EXPECT_FALSE(applied[place].isShorthand);
-    EXPECT_TRUE(applied[place].claim.important);
+    EXPECT_TRUE(applied[place].claim.isImportant());
 }
 
 TEST_F(AppliedValuesTest, KeepsACopyOfANameThatNobodyElseKeeps) {

@@ -181,6 +181,7 @@ private:
     bool m_hasExtra : 1;   // which member of the union is the live one
     bool m_isFollowed : 1; // by its class, without a listener
     bool m_isWatched : 1;  // has been, by an AttributeWatch
+    quint8 m_distinct = 0; // of a node: how many of its first slots have names that no slot before them has
     int m_slot = -1;       // place in the host's list of attributes; below -1: in the queue of nodes to delete
     Node* m_host = nullptr;
     QByteArray m_name; // interned

@@ -6,6 +6,7 @@
 #include "Ondex/NodeNameIndex_p.h"
 
 #include <algorithm>
+#include <atomic>
 #include <utility>
 
 namespace Ondex {
@@ -19,6 +20,22 @@ constexpr size_t SmallestToCloseUp = 16;
 /// Nodes taken out of nodes that are being deleted. The outermost destructor deletes them one after another, so that
 /// the depth of a tree is not bounded by the stack. Null while no node of this thread is being deleted.
 thread_local std::vector<Node*>* deletionQueue = nullptr;
+
+/// Where attributes of a name were found last, on whatever node. Nodes of one class have them in the same slots.
+class SlotHints {
+public:
+    /// The place to look at first for an interned name.
+    static std::atomic<quint8>& of(const QByteArray& name) {
+        constexpr quint64 golden = 0x9e3779b97f4a7c15u; // spreads the bits of neighbouring addresses
+        const quint64 address = reinterpret_cast<quintptr>(name.constData());
+        return s_slots[(address * golden) >> 55];
+    }
+
+private:
+    static std::atomic<quint8> s_slots[512];
+};
+
+std::atomic<quint8> SlotHints::s_slots[512];
 
 /// Slot number of a node at @p place of that queue.
 constexpr int queuedSlot(size_t place) {
@@ -78,6 +95,7 @@ void Node::deleteAttributes() {
         attribute->m_slot = -1;
     }
     m_slots.clear();
+    m_distinct = 0;
     // The queue is emptied from its end: turned round, the first child goes first.
     std::reverse(deletionQueue->begin() + static_cast<std::ptrdiff_t>(queued), deletionQueue->end());
     for (size_t i = queued; i < deletionQueue->size(); ++i) {
@@ -104,6 +122,7 @@ void Node::leaveHost() {
 void Node::beginDeletion() {
     m_beingDeleted = true;
     m_index.reset();
+    m_distinct = 0;
 }
 
 void Node::reserveAttributes(int count) {
@@ -129,15 +148,36 @@ Attribute* Node::attribute(const QByteArray& name) const {
         Attribute* node = known ? m_index->first(known, NameIndex::Nodes) : nullptr;
         return !node || (value && value->m_slot < node->m_slot) ? value : node;
     }
-    for (Attribute* attribute : m_slots) { // mostly the name is interned: one block tells at once
+    const size_t hint = SlotHints::of(name).load(std::memory_order_relaxed);
+    if (hint < m_distinct) {
+        Attribute* attribute = m_slots[hint];
         if (attribute && attribute->m_name.isSharedWith(name))
             return attribute;
+    }
+    return scanned(name);
+}
+
+/// The first attribute of that name, without an index.
+Attribute* Node::scanned(const QByteArray& name) const {
+    for (Attribute* attribute : m_slots) { // mostly the name is interned: one block tells at once
+        if (attribute && attribute->m_name.isSharedWith(name)) {
+            SlotHints::of(name).store(static_cast<quint8>(attribute->m_slot), std::memory_order_relaxed);
+            return attribute;
+        }
     }
     for (Attribute* attribute : m_slots) {
         if (attribute && attribute->m_name == name)
             return attribute;
     }
     return nullptr;
+}
+
+/// Counts an attribute that is to be added, if the names of all before it differ from each other and from its own.
+void Node::countDistinct(const Attribute* added) {
+    const auto isNamesake = [added](const Attribute* held) { return held && held->m_name.isSharedWith(added->m_name); };
+    if (m_distinct == m_slots.size() && m_distinct <= MostWithoutIndex &&
+        std::none_of(m_slots.begin(), m_slots.end(), isNamesake))
+        ++m_distinct;
 }
 
 /// The first attribute of that name that is not a node.
@@ -202,6 +242,7 @@ bool Node::isBelow(const Attribute* attribute) const {
 void Node::insert(Attribute* attribute) {
     if (attribute->m_isNode)
         static_cast<Node*>(attribute)->leaveDeletionQueue();
+    countDistinct(attribute);
     attribute->m_host = this;
     attribute->m_slot = static_cast<int>(m_slots.size());
     if (m_slots.capacity() == 0)
@@ -234,9 +275,12 @@ void Node::erase(Attribute* attribute) {
 
 /// Removes the empty slots where half of them are: each removal pays for one slot that moves.
 void Node::closeUp() {
-    if (m_slots.size() < SmallestToCloseUp || static_cast<size_t>(m_count) * 2 > m_slots.size()) {
-        if (m_count == 0)
-            m_slots.clear();
+    const bool isSparse = m_slots.size() >= SmallestToCloseUp && static_cast<size_t>(m_count) * 2 <= m_slots.size();
+    if (m_count > 0 && !isSparse)
+        return;
+    m_distinct = 0;
+    if (!isSparse) {
+        m_slots.clear();
         return;
     }
     std::vector<Attribute*> slots;
@@ -255,6 +299,7 @@ void Node::rename(Attribute* attribute, const QByteArray& name) {
     if (m_index)
         m_index->remove(attribute);
     attribute->m_name = Gorvel::interned(name);
+    m_distinct = static_cast<quint8>(std::min<int>(m_distinct, attribute->m_slot));
     if (m_index)
         m_index->insert(attribute);
 }

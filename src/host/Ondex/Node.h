@@ -82,6 +82,8 @@ private:
     void leaveDeletionQueue();
     bool isBelow(const Attribute* attribute) const;
     Attribute* valueAttribute(const QByteArray& name) const;
+    void countDistinct(const Attribute* added);
+    Attribute* scanned(const QByteArray& name) const;
 
     std::vector<Attribute*> m_slots;     // null where one was removed; closed up when half of them are
     std::unique_ptr<NameIndex> m_index;  // by name, once there are many

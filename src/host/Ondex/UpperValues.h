@@ -10,7 +10,8 @@
 namespace Ondex {
 
 /// The values of the layers above the default one, in as little memory as they need: a single value that is not larger
-/// than a pointer lies in place, all else in one block with the highest layer first.
+/// than two pointers, such as a number, a text or a colour, lies in place, all else in one block with the highest layer
+/// first.
 ///
 /// Which layers there are is told by a LayerSet, which the owner keeps where it has a byte to spare and hands to every
 /// call; only insert(), remove() and clear() change it. The owner calls clear() before this goes.
@@ -79,7 +80,7 @@ public:
     }
 
 private:
-    static constexpr bool isSmall = sizeof(T) <= sizeof(T*) && alignof(T) <= alignof(T*);
+    static constexpr bool isSmall = sizeof(T) <= 2 * sizeof(T*) && alignof(T) <= alignof(T*);
     static constexpr bool isInPlace(int count) { return isSmall && count == 1; }
 
     T* values(int count) {
