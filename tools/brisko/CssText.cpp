@@ -1,5 +1,7 @@
 #include "CssText.h"
 
+#include "Gorvel/StringUtils.h"
+
 #include <cmath>
 #include <sstream>
 
@@ -10,27 +12,9 @@ using Ondex::StyleValue;
 
 namespace {
 
-bool isHexDigit(char c) {
-    return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
-}
-
-/// Whether the text ends in a hexadecimal escape that would take a blank behind it along.
-bool endsInOpenEscape(const QByteArray& text) {
-    int digits = 0;
-    while (digits < text.size() && digits < 6 && isHexDigit(text[text.size() - 1 - digits]))
-        ++digits;
-    const int backslash = text.size() - 1 - digits;
-    if (digits == 0 || backslash < 0 || text[backslash] != '\\')
-        return false;
-    int run = 0; // "\\a" is an escaped backslash and a letter
-    while (backslash - run >= 0 && text[backslash - run] == '\\')
-        ++run;
-    return run % 2 == 1;
-}
-
 /// Parts an open escape from the blank that follows it: a comment is nothing to the scanner.
 QByteArray closed(const QByteArray& text) {
-    return endsInOpenEscape(text) ? text + "/**/" : text;
+    return Gorvel::StringUtils::endsInOpenEscape(text) ? text + "/**/" : text;
 }
 
 /// The bytes that the scanner read an identifier from: it takes each byte for one Latin-1 character, and classes are
@@ -65,20 +49,22 @@ QByteArray pseudoClass(const QByteArray& name) {
     return ":" + identifier(name);
 }
 
-bool isInfinite(const StyleValue::Component& component) {
-    return component.type() == StyleValue::TYPE_FLOAT && std::isinf(component.asFloat());
+bool isFinite(const StyleValue::Component& component) {
+    return component.type() != StyleValue::TYPE_FLOAT || std::isfinite(component.asFloat());
 }
 
-/// CSS has no word for infinity, but every number that a float cannot hold reads as one.
-QByteArray infinityText(const StyleValue::Component& component) {
+/// CSS has no words for infinity and not-a-number, but every number that a float cannot hold reads as the one, and as
+/// an angle, which is brought into one turn, as the other.
+QByteArray notFiniteText(const StyleValue::Component& component) {
     static constexpr const char* units[] = {"", "px", "%", "em", "ex"};
     const QByteArray sign = component.asFloat() < 0.f ? "-1" : "1";
-    return sign + QByteArray(60, '0') + ".0" + units[component.unit()];
+    const char* unit = std::isnan(component.asFloat()) ? "deg" : units[component.unit()];
+    return sign + QByteArray(60, '0') + ".0" + unit;
 }
 
-QByteArray streamText(const StyleValue& value) {
+QByteArray componentText(const StyleValue::Component& component) {
     std::ostringstream text;
-    text << value;
+    text << StyleValue(component);
     return closed(QByteArray::fromStdString(text.str()));
 }
 
@@ -86,15 +72,10 @@ QByteArray streamText(const StyleValue& value) {
 
 QByteArray cssText(const StyleValue& value) {
     static constexpr const char* separators[] = {" ", ", ", " / "};
-    bool anyInfinite = false;
-    for (int i = 0; i < value.size(); ++i)
-        anyInfinite = anyInfinite || isInfinite(value[i]);
-    if (!anyInfinite)
-        return streamText(value);
     QByteArray text;
     for (int i = 0; i < value.size(); ++i) {
         text += i == 0 ? "" : separators[value[i].separator()];
-        text += isInfinite(value[i]) ? infinityText(value[i]) : streamText(StyleValue(value[i]));
+        text += isFinite(value[i]) ? componentText(value[i]) : notFiniteText(value[i]);
     }
     return text;
 }

@@ -1,3 +1,4 @@
+#include "Gorvel/StringUtils.h"
 #include "Ondex/NumberText_p.h"
 #include "Ondex/StyleValue.h"
 
@@ -83,9 +84,13 @@ QString StyleValue::stringify() const {
     static const char* const separators[] = {" ", ", ", " / "};
     QString result;
     for (int i = 0; i < size(); ++i) {
+        const Component& component = (*this)[i];
         if (i > 0)
-            result += QLatin1String(separators[(*this)[i].separator()]);
-        result += (*this)[i].stringify();
+            result += QLatin1String(separators[component.separator()]);
+        result += component.stringify();
+        if (i + 1 < size() && component.type() == TYPE_KEYWORD &&
+            Gorvel::StringUtils::endsInOpenEscape(component.asKeyword()))
+            result += QLatin1String("/**/"); // a blank behind it would belong to the keyword
     }
     return result;
 }
