@@ -104,6 +104,18 @@ RandomSheet::Pieces RandomSheet::arbitrary() {
     return out;
 }
 
+RandomSheet::Pieces RandomSheet::selectorList() {
+    Pieces out;
+    selectors(out);
+    return out;
+}
+
+RandomSheet::Pieces RandomSheet::value() {
+    Pieces out;
+    expression(out, 0);
+    return out;
+}
+
 std::string RandomSheet::join(const Pieces& all) {
     static const char* const gaps[] = {"", "", "", " ", " ", "\n", "\n", " /* c */ ", "/**/"};
     std::string text;

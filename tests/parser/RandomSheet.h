@@ -23,6 +23,10 @@ public:
     Pieces damagedOfFramework() { return damage(ofFramework()); }
     /// Pieces in any order.
     Pieces arbitrary();
+    /// A list of selectors, with tests that the parser reports and drops.
+    Pieces selectorList();
+    /// One value of a declaration.
+    Pieces value();
 
     /// Writes pieces one after the other, with blanks, line ends, comments or nothing between them.
     std::string join(const Pieces& pieces);

@@ -1,5 +1,7 @@
 #include "styling/RandomScene.h"
 
+#include "Brisko/LazyAttributeManager.h"
+
 #include <algorithm>
 
 namespace Testing {
@@ -127,16 +129,29 @@ std::unique_ptr<TestNode> buildScene(const TreeNode& tree) {
     auto node = std::make_unique<TestNode>(tree.type);
     for (const QByteArray& name : propertyNames())
         new Ondex::AttributeT<float>(node.get(), name, -1.f);
-    QStringList classes;
-    for (const QByteArray& name : tree.classes)
-        classes << QString::fromLatin1(name);
-    node->setCSSClasses(classes.join(' '));
-    node->setCSSId(tree.id);
-    for (const QByteArray& name : tree.pseudoClasses)
-        node->setPseudoClass(name, true);
+    applyNode(tree, *node);
     for (const auto& child : tree.children)
         node->addAttribute(buildScene(*child).release());
     return node;
+}
+
+void applyNode(const TreeNode& tree, Brisko::Styleable& node) {
+    QStringList classes;
+    for (const QByteArray& name : tree.classes)
+        classes << QString::fromLatin1(name);
+    node.setCSSClasses(classes.join(' '));
+    node.setCSSId(tree.id);
+    for (const QByteArray& name : tree.pseudoClasses)
+        node.setPseudoClass(name, true);
+    for (const auto& [name, value] : tree.values)
+        setUserValue(node, name, value);
+}
+
+bool setUserValue(Brisko::Styleable& node, const QByteArray& name, const Ondex::StyleValue& value) {
+    Ondex::Attribute* attribute = node.attribute(name);
+    if (!attribute)
+        attribute = Brisko::LazyAttributeManager::create(&node, name);
+    return attribute && node.setAttributeValue(*attribute, value, Ondex::Attribute::UserLayer);
 }
 
 } // namespace Testing

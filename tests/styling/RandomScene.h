@@ -1,24 +1,13 @@
 #pragma once
 
 #include "styling/StylingFixture.h"
+#include "support/Dice.h"
 
+#include <map>
 #include <memory>
-#include <random>
 #include <vector>
 
 namespace Testing {
-
-/// Random numbers that are the same on every platform.
-class Dice {
-public:
-    explicit Dice(unsigned seed) : m_engine(seed) {}
-    /// 0 to @p sides - 1.
-    int roll(int sides) { return int(m_engine() % unsigned(sides)); }
-    bool chance(int percent) { return roll(100) < percent; }
-
-private:
-    std::mt19937 m_engine;
-};
 
 /// A tree of plain data: what a scene is built from, and what the slow matcher walks over.
 struct TreeNode {
@@ -26,6 +15,7 @@ struct TreeNode {
     QString id;
     std::vector<QByteArray> classes;
     std::vector<QByteArray> pseudoClasses;
+    std::map<QByteArray, Ondex::StyleValue> values; ///< on the user layer
     TreeNode* parent = nullptr;
     std::vector<std::unique_ptr<TreeNode>> children;
 
@@ -56,5 +46,11 @@ std::shared_ptr<Brisko::StyleSheet> randomSheet(Dice& dice, int rules);
 
 /// Nodes with a number attribute for every property, -1 at start.
 std::unique_ptr<TestNode> buildScene(const TreeNode& tree);
+
+/// Gives a node the identity and the values of a plain one; not the children.
+void applyNode(const TreeNode& tree, Brisko::Styleable& node);
+/// Sets a value on the user layer, of an attribute that the registry makes where it is missing.
+/// @return false where there is no such attribute, or it refuses the value
+bool setUserValue(Brisko::Styleable& node, const QByteArray& name, const Ondex::StyleValue& value);
 
 } // namespace Testing

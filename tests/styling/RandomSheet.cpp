@@ -49,14 +49,18 @@ const QByteArray& anyProperty(Dice& dice) {
     return all[std::size_t(dice.roll(int(all.size())))];
 }
 
+QByteArray declarationText(Dice& dice, int number) {
+    const QByteArray& property = anyProperty(dice);
+    return property + ": " + valueText(dice, property, number);
+}
+
 QByteArray ruleText(Dice& dice, const SheetPlan& plan, int& number) {
     QByteArray text = selectorText(dice, plan);
     while (dice.chance(25))
         text += ", " + selectorText(dice, plan);
     text += " {";
     for (int i = 1 + dice.roll(3); i > 0; --i) {
-        const QByteArray& property = anyProperty(dice);
-        text += ' ' + property + ": " + valueText(dice, property, number++);
+        text += ' ' + (plan.declaration ? plan.declaration(dice) : declarationText(dice, number++));
         text += dice.chance(15) ? " !important;" : ";";
     }
     return text + " }\n";

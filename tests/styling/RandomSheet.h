@@ -2,6 +2,8 @@
 
 #include "styling/RandomScene.h"
 
+#include <functional>
+
 namespace Testing {
 
 /// What a random sheet is made of.
@@ -9,10 +11,13 @@ struct SheetPlan {
     NamePlan names;
     int rules = 8;     ///< at most, before selector lists are taken apart
     int compounds = 4; ///< of a selector, at most
+    /// Writes a declaration without its semicolon; null for those of the properties of ScenePlan.h.
+    std::function<QByteArray(Dice&)> declaration = {};
 };
 
-/// A sheet that is parsed: texts of several origins one after another, selector lists, important declarations, and the
-/// properties of ScenePlan.h. The numbers of every value tell which declaration it came from.
+/// A sheet that is parsed: texts of several origins one after another, selector lists, important declarations, and, if
+/// the plan has no others, the properties of ScenePlan.h, whose values tell by a number which declaration they came
+/// from.
 std::shared_ptr<Brisko::StyleSheet> randomParsedSheet(Dice& dice, const SheetPlan& plan);
 
 /// The rules of @p parsed put together as no parser does: some twice, some with the selectors or the declarations of
