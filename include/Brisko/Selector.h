@@ -46,7 +46,7 @@ private:
         return number < m_others.size() ? *m_others[number] : *m_front;
     }
 
-    std::shared_ptr<SimpleSelector> m_front;               // most selectors are of this one and take no memory beside it
+    std::shared_ptr<SimpleSelector> m_front; // most selectors are of this one and take no memory beside it
     std::vector<std::shared_ptr<SimpleSelector>> m_others; // right to left
 };
 

@@ -44,7 +44,8 @@ RuleIndex::RuleIndex(const std::vector<Rule>& rules) : m_offers(rules), m_isRegu
         key.starts.shrink_to_fit();
         key.group.file();
     };
-    std::for_each(m_byId.begin(), m_byId.end(), finish);
+    for (auto& [id, key] : m_byId)
+        finish(key);
     m_byClass.visit(finish);
     m_byType.visit(finish);
     finish(m_others);
@@ -127,9 +128,9 @@ void RuleIndex::collect(const QByteArray& type, const QString& id, const Gorvel:
     take(&m_others);
     for (const QByteArray& name : classes)
         take(m_byClass.find(name));
-    if (!id.isEmpty() && !m_byId.isEmpty()) {
-        const auto key = m_byId.constFind(id);
-        take(key == m_byId.constEnd() ? nullptr : &*key);
+    if (!id.isEmpty() && !m_byId.empty()) {
+        const auto key = m_byId.find(id);
+        take(key == m_byId.end() ? nullptr : &key->second);
     }
 }
 

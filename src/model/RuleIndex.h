@@ -1,13 +1,13 @@
 #pragma once
 
 #include "Brisko/Rule.h"
+#include "Gorvel/ByteHash.h"
 #include "model/NameTable.h"
 #include "model/OfferIndex.h"
 #include "model/WaitingGroup.h"
 
-#include <QHash>
-
 #include <deque>
+#include <unordered_map>
 #include <vector>
 
 namespace Brisko {
@@ -66,7 +66,7 @@ private:
     static bool areRegular(const std::vector<Rule>& rules);
 
     OfferIndex m_offers;
-    QHash<QString, Key> m_byId;
+    std::unordered_map<QString, Key, Gorvel::ByteHash> m_byId;
     NameTable<Key> m_byClass;
     NameTable<Key> m_byType;
     Key m_others;

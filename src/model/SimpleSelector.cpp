@@ -1,12 +1,13 @@
 #include "Brisko/SimpleSelector.h"
 
+#include "Gorvel/ByteHash.h"
 #include "Gorvel/Trace.h"
 
 #include <QDebug>
 #include <QList>
-#include <QSet>
 
 #include <algorithm>
+#include <unordered_set>
 
 namespace Brisko {
 
@@ -28,8 +29,10 @@ const char* combinatorText(int combinator) {
 } // namespace
 
 struct SimpleSelector::Growth : QSharedData {
-    QList<QByteArray> newClasses;   // not sorted into the set yet
-    QSet<QByteArray> pseudoClasses; // all of them, to find one quickly
+    using Names = std::unordered_set<QByteArray, Gorvel::ByteHash>;
+
+    QList<QByteArray> newClasses; // not sorted into the set yet
+    Names pseudoClasses;          // all of them, to find one quickly
 };
 
 SimpleSelector::LazyText::LazyText(const LazyText& other) {
@@ -102,15 +105,15 @@ void SimpleSelector::addPseudoClass(const QByteArray& name) {
         return;
     if (!m_growth.constData())
         m_growth = new Growth;
-    if (m_growth->pseudoClasses.isEmpty())
-        m_growth->pseudoClasses = QSet<QByteArray>(m_pseudoClasses.begin(), m_pseudoClasses.end());
+    if (m_growth->pseudoClasses.empty())
+        m_growth->pseudoClasses = Growth::Names(m_pseudoClasses.begin(), m_pseudoClasses.end());
     m_growth->pseudoClasses.insert(name);
 }
 
 bool SimpleSelector::hasPseudoClass(const QByteArray& name) const {
     const Growth* const growth = m_growth.constData();
-    if (growth && !growth->pseudoClasses.isEmpty())
-        return growth->pseudoClasses.contains(name);
+    if (growth && !growth->pseudoClasses.empty())
+        return growth->pseudoClasses.count(name) > 0;
     return m_pseudoClasses.contains(name);
 }
 

@@ -8,44 +8,19 @@
 
 namespace Brisko {
 
+using Gorvel::ByteHash;
+
 namespace {
 
 constexpr std::size_t firstSize = 64;
-constexpr quint64 spread = 0x9e3779b97f4a7c15; // odd, with bits all over it
 constexpr quint64 highBits = 0x8080808080808080;
-
-template <typename Number>
-quint64 load(const char* bytes) {
-    Number number;
-    std::memcpy(&number, bytes, sizeof number);
-    return number;
-}
-
-// The last bytes of a name, of which there are up to 8, as one number.
-quint64 loadTail(const char* bytes, int size) {
-    if (size >= 4)
-        return load<quint32>(bytes) | load<quint32>(bytes + size - 4) << 32;
-    if (size == 0)
-        return 0;
-    return load<quint8>(bytes) | load<quint8>(bytes + size / 2) << 8 | load<quint8>(bytes + size - 1) << 16;
-}
-
-quint32 hashOf(const char* bytes, int size) {
-    quint64 hash = quint64(size) * spread;
-    for (; size > 8; bytes += 8, size -= 8) {
-        hash = (hash ^ load<quint64>(bytes)) * spread;
-        hash ^= hash >> 32;
-    }
-    hash = (hash ^ loadTail(bytes, size)) * spread;
-    return quint32(hash >> 32) | 1;
-}
 
 bool isAscii(const char* bytes, int size) {
     for (; size > 8; bytes += 8, size -= 8) {
-        if (load<quint64>(bytes) & highBits)
+        if (ByteHash::load<quint64>(bytes) & highBits)
             return false;
     }
-    return !(loadTail(bytes, size) & highBits);
+    return !(ByteHash::loadTail(bytes, size) & highBits);
 }
 
 } // namespace
@@ -90,7 +65,7 @@ ParsedNames::Slot& ParsedNames::find(const TokenText& text) {
 ParsedNames::Slot& ParsedNames::find(const char* bytes, int size) {
     if (2 * m_count >= m_slots.size())
         grow();
-    const quint32 hash = hashOf(bytes, size);
+    const quint32 hash = quint32(m_hash(bytes, size) >> 32) | 1;
     Slot& slot = slotOf(hash, bytes, size);
     if (slot.isFree()) {
         slot = {hash, false, QByteArray(bytes, size)};
@@ -99,7 +74,6 @@ ParsedNames::Slot& ParsedNames::find(const char* bytes, int size) {
     return slot;
 }
 
-// The upper bits choose the place: only they depend on all bytes of a name.
 std::size_t ParsedNames::placeOf(quint32 hash) const {
     return std::size_t(quint64(hash) * m_slots.size() >> 32);
 }

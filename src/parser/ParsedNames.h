@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Brisko/Export.h"
+#include "Gorvel/ByteHash.h"
 #include "parser/TokenText.h"
 
 #include <QByteArray>
@@ -16,6 +17,8 @@ namespace Brisko {
 /// Exported for the tests only; not installed.
 class BRISKO_EXPORT ParsedNames {
 public:
+    explicit ParsedNames(Gorvel::ByteHash hash = {}) : m_hash(hash) {}
+
     /// The name of a token, in UTF-8.
     const QByteArray& name(const TokenText& text);
     /// The same, interned.
@@ -44,6 +47,7 @@ private:
     Slot& slotOf(quint32 hash, const char* bytes, int size);
     void grow();
 
+    Gorvel::ByteHash m_hash;
     std::vector<Slot> m_slots; // a power of two of them, or none; at most half of them taken
     std::size_t m_count = 0;
 };

@@ -13,7 +13,6 @@ namespace {
 // A chain of compounds takes the grammar's stack, which has an end. Longer ones are left to it, so that it can run out.
 constexpr std::size_t mostCompounds = 100;
 
-
 } // namespace
 
 bool PlainRules::readRuleSets(std::optional<int> lookahead, Commit commit) {
@@ -220,21 +219,21 @@ void PlainRules::declare(const Declared& declared) {
 // A declaration and the token behind it.
 bool PlainRules::readDeclaration(Preview& ahead) {
     SemanticValue property;
-    SemanticValue none;
-    if (ahead.next(&property) != IDENT || ahead.nextVisible(&none) != ':')
+    SemanticValue content;
+    if (ahead.next(&property) != IDENT || ahead.nextVisible(&content) != ':')
         return false;
-    const int token = ahead.nextVisible(&none);
+    const int token = ahead.nextVisible(&content);
     if (token == ';' || token == IMPORTANT_SYM)
         return readMissingValue(ahead, property.text);
     const bool isRead =
-        token == FUNCTION ? readFunctionFirst(ahead, property.text, none) : readValue(ahead, property.text, none);
+        token == FUNCTION ? readFunctionFirst(ahead, property.text, content) : readValue(ahead, property.text, content);
     if (isRead && ahead.token() == IMPORTANT_SYM) {
         Declared& declared = m_declared.back();
         declared.isImportant = true;
-        ahead.next(&none);
+        ahead.next(&content);
         declared.end = ahead;
         if (ahead.token() == WHITESPACE)
-            ahead.next(&none);
+            ahead.next(&content);
     }
     return isRead;
 }

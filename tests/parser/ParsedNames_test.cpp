@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+#include <vector>
+
 namespace Testing {
 
 using namespace Brisko;
@@ -64,6 +67,27 @@ TEST(ParsedNames, NamesThatDifferInAFewBytesAreFoundAtOnce) {
             EXPECT_LT(names.longestSearch(), few) << "bytes " << at << " of " << size;
         }
     }
+}
+
+TEST(ParsedNames, NamesThatShareAPlaceForOneSeedAreFoundAtOnceForOthers) {
+    constexpr quint64 knownSeed = 1;
+    constexpr std::size_t many = 200;
+    const Gorvel::ByteHash known(knownSeed);
+    std::vector<QByteArray> chosen;
+    for (int i = 0; chosen.size() < many; ++i) {
+        QByteArray name = "class-name-" + QByteArray::number(i, 36);
+        if (known(name.constData(), name.size()) >> 54 == 0)
+            chosen.push_back(std::move(name));
+    }
+    const auto longestSearch = [&chosen](quint64 seed) {
+        ParsedNames names{Gorvel::ByteHash(seed)};
+        for (const QByteArray& name : chosen)
+            names.name(text(name));
+        return names.longestSearch();
+    };
+    EXPECT_GE(longestSearch(knownSeed), many - 1);
+    for (quint64 seed = knownSeed + 1; seed < knownSeed + 10; ++seed)
+        EXPECT_LT(longestSearch(seed), many / 4) << seed;
 }
 
 TEST(ParsedNames, InternedNamesAreThoseOfTheProcess) {

@@ -1,12 +1,12 @@
 #include "Gorvel/Name.h"
 
-#include <QHash>
-#include <QSet>
+#include "Gorvel/ByteHash.h"
 
 #include <algorithm>
 #include <array>
 #include <cstring>
 #include <mutex>
+#include <unordered_set>
 
 namespace Gorvel {
 
@@ -23,8 +23,8 @@ public:
 
     QByteArray intern(const QByteArray& name) {
         const std::lock_guard<std::mutex> lock(m_mutex);
-        const auto known = m_names.constFind(name);
-        if (known != m_names.constEnd())
+        const auto known = m_names.find(name);
+        if (known != m_names.end())
             return *known;
         if (m_names.size() >= m_sweepSize)
             sweep();
@@ -37,17 +37,17 @@ public:
     /// The name of these bytes; empty where there is none.
     QByteArray find(const QByteArray& name) {
         const std::lock_guard<std::mutex> lock(m_mutex);
-        const auto known = m_names.constFind(name);
-        return known == m_names.constEnd() ? QByteArray() : *known;
+        const auto known = m_names.find(name);
+        return known == m_names.end() ? QByteArray() : *known;
     }
 
     int size() {
         const std::lock_guard<std::mutex> lock(m_mutex);
-        return m_names.size();
+        return int(m_names.size());
     }
 
 private:
-    static constexpr int SmallestToSweep = 1024;
+    static constexpr size_t SmallestToSweep = 1024;
 
     /// Forgets the names that only this table holds. Nobody can get hold of one meanwhile: that takes the mutex.
     void sweep() {
@@ -57,8 +57,8 @@ private:
     }
 
     std::mutex m_mutex;
-    QSet<QByteArray> m_names;
-    int m_sweepSize = SmallestToSweep; // twice what the last sweep left, so that a name is looked at twice at most
+    std::unordered_set<QByteArray, ByteHash> m_names;
+    size_t m_sweepSize = SmallestToSweep; // twice what the last sweep left, so that a name is looked at twice at most
 };
 
 /// The names that this thread asked for last, which spare it the mutex of the table. Each has one place by its bytes
@@ -116,7 +116,7 @@ private:
     }
 
     QByteArray& byBytes(const char* bytes, int size) {
-        return m_byBytes[qHashBits(bytes, static_cast<size_t>(size)) % m_byBytes.size()];
+        return m_byBytes[(m_hash(bytes, size) >> 32) % m_byBytes.size()];
     }
     QByteArray& byAddress(const char* bytes) {
         return m_byAddress[(reinterpret_cast<quintptr>(bytes) / 16) % m_byAddress.size()]; // blocks are 16 bytes apart
@@ -135,6 +135,7 @@ private:
     static thread_local RecentNames* s_current;
     static thread_local bool s_areGone;
 
+    const ByteHash m_hash;
     Places m_byBytes;
     Places m_byAddress;
 };
