@@ -2,6 +2,8 @@
 
 #include "Gorvel/Name.h"
 
+#include <algorithm>
+
 namespace Brisko {
 
 OfferIndex::OfferIndex(const std::vector<Rule>& rules) {
@@ -28,10 +30,20 @@ OfferIndex::OfferIndex(const std::vector<Rule>& rules) {
                 m_properties.push_back(property);
                 number = propertyCount();
             }
+            m_areInOrder = m_areInOrder && (m_offers.empty() || m_offers.back().id < declaration.id());
             m_offers.push_back({&declaration, declaration.id(), unsigned(number - 1), declaration.important()});
         }
         m_ranges[list] = {first, first + list->size()};
     }
+}
+
+const Offer* OfferIndex::find(int id) const {
+    const auto place = std::size_t(id);
+    if (m_areInOrder && place < m_offers.size() && m_offers[place].id == id) // in a parsed sheet there are no gaps
+        return &m_offers[place];
+    const auto found = std::lower_bound(m_offers.begin(), m_offers.end(), id,
+                                        [](const Offer& offer, int wanted) { return offer.id < wanted; });
+    return m_areInOrder && found != m_offers.end() && found->id == id ? &*found : nullptr;
 }
 
 } // namespace Brisko

@@ -35,6 +35,8 @@ public:
 
     /// The offers of a rule's declarations, which are told by their address; empty for those of no rule.
     OfferRange of(const Rule::Declarations& declarations) const { return m_ranges.value(&declarations); }
+    /// The declaration of that number; null where there is none, or where the numbers do not grow from rule to rule.
+    const Offer* find(int id) const;
     /// The properties are numbered from 0.
     int propertyCount() const { return int(m_properties.size()); }
     /// The name of a property, interned.
@@ -44,6 +46,7 @@ private:
     std::vector<Offer> m_offers;
     QHash<const Rule::Declarations*, OfferRange> m_ranges;
     std::vector<QByteArray> m_properties; // by number
+    bool m_areInOrder = true;             // of their numbers
 };
 
 } // namespace Brisko

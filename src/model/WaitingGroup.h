@@ -43,6 +43,8 @@ public:
     const std::vector<WaitingCompound>& compounds() const { return m_compounds; }
     std::vector<WaitingCompound>& compounds() { return m_compounds; }
 
+    /// Whether a node with these keys may match any of them.
+    bool mayMatch(const KeySet& keys) const { return m_keys.intersects(keys); }
     /// Appends those that a node with these keys may match. @param all  also those that do not go on
     void collect(const KeySet& keys, bool all, std::vector<const WaitingCompound*>& found) const;
     /// Whether it has that compound with those declarations. @param all  also where it does not go on

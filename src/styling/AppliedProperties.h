@@ -8,6 +8,8 @@
 
 namespace Brisko {
 
+class RuleIndex;
+
 /// What style passes wrote on a node: for each property its layer, the pass, and the declaration that won. In the order
 /// in which the properties were first written; each stays once it is there. Names are interned.
 class AppliedProperties {
@@ -53,6 +55,17 @@ public:
         return place;
     }
 
+    /// The rules that the last pass matched, if those that won are all it takes to do the same again; else null.
+    const RuleIndex* matchedRules() const { return m_matchedRules; }
+    /// Whether that pass began nothing that waits for the children.
+    bool hasBegunNothing() const { return m_hasBegunNothing; }
+    void setMatchedRules(const RuleIndex* rules, bool hasBegunNothing) {
+        m_matchedRules = rules;
+        m_hasBegunNothing = hasBegunNothing;
+    }
+
+    /// Whether the last pass wrote that property.
+    bool isCurrent(const Property& property) const { return property.generation() == m_generation; }
     /// The number for the pass after the last one.
     unsigned nextGeneration() const { return (m_generation + 1) & 0x7FFFFFFF; }
     void setGeneration(unsigned generation) { m_generation = generation; }
@@ -66,6 +79,8 @@ private:
 
     QVarLengthArray<Property, 6> m_properties; // as many as a node has mostly
     unsigned m_generation = 0;
+    bool m_hasBegunNothing = false;
+    const RuleIndex* m_matchedRules = nullptr;
     std::unique_ptr<NameTable<int>> m_places; // of a long list
 };
 

@@ -6,6 +6,7 @@
 #include "model/Specificity.h"
 #include "styling/AppliedProperties.h"
 #include "styling/ChildStyle.h"
+#include "styling/PseudoClasses.h"
 #include "styling/WaitingRules.h"
 
 #include <algorithm>
@@ -21,14 +22,14 @@ namespace {
 
 using ShorthandParts = Gorvel::ArrayMap<Attribute*, StyleValue>;
 
+} // namespace
+
 /// A declaration whose attribute did not exist when it was met.
-struct Deferred {
+struct StylePass::Deferred {
     const SimpleSelector* compound;
     const Declaration* declaration;
     int specificity;
 };
-
-} // namespace
 
 /// The lists of a pass. They are kept from pass to pass, one set for every pass that runs inside another.
 struct StylePass::Scratch {
@@ -94,8 +95,10 @@ StylePass::~StylePass() {
 
 bool StylePass::run() {
     // Each step may reach listeners that delete the node; then the others find nothing to do.
-    matchRules();
-    matchWaiting();
+    if (!recall()) {
+        matchRules();
+        matchWaiting();
+    }
     writeWinners();
     applyDeferred();
     clearStale();
@@ -107,8 +110,42 @@ bool StylePass::run() {
 }
 
 Style StylePass::childStyle() const {
-    const ChildStyle childStyle(m_scratch.begun.groups, m_scratch.goneOn);
-    return childStyle.from(m_node.m_style, m_node.m_childStyle, !m_index || m_index->isRegular());
+    const ChildStyle made(m_scratch.begun.groups, m_scratch.goneOn);
+    Style style = made.from(m_node.m_style, m_node.m_childStyle, !m_index || m_index->isRegular());
+    const WaitingRules* incoming = m_node.m_style.m_waiting.data();
+    const bool hasBegunNothing = m_scratch.begun.groups.empty();
+    const bool isMadeOfGroups = style.m_waiting.data() == incoming
+                                    ? hasBegunNothing
+                                    : style.m_waiting && style.m_waiting->consistsOf(m_scratch.begun.groups, incoming);
+    if (m_node.m_applied && m_isPlain && isMadeOfGroups && m_scratch.goneOn.empty() && !m_node.m_askedStyle &&
+        m_node.m_cssId.value().isEmpty())
+        m_node.m_applied->setMatchedRules(m_index, hasBegunNothing);
+    return style;
+}
+
+bool StylePass::prepare(Styleable& node, const Style& style) {
+    const RuleIndex* matched = node.m_applied ? node.m_applied->matchedRules() : nullptr;
+    if (!matched)
+        return false;
+    const bool isSameSheet = style.m_sheet == node.m_style.m_sheet && matched == &style.m_sheet->ruleIndex();
+    // The id may have changed a moment ago, which the node has not been told yet.
+    if (isSameSheet && node.m_cssId.value().isEmpty() &&
+        WaitingRules::areAlike(node.m_style.m_waiting.data(), style.m_waiting.data(), node.matchKeys()))
+        return true;
+    forgetMatches(node);
+    return false;
+}
+
+void StylePass::forgetMatches(Styleable& node) {
+    if (node.m_applied)
+        node.m_applied->setMatchedRules(nullptr, false);
+    if (node.m_pass)
+        node.m_pass->m_isPlain = false;
+}
+
+void StylePass::keptChildStyle(Styleable& node, const Style& made) {
+    if (node.m_childStyle.m_waiting != made.m_waiting)
+        forgetMatches(node);
 }
 
 void StylePass::nodeGoes(Style&& style) {
@@ -118,6 +155,44 @@ void StylePass::nodeGoes(Style&& style) {
 void StylePass::forget(Attribute* attribute) {
     m_scratch.applied.forget(attribute);
     m_scratch.found.clear();
+    m_isPlain = false;
+}
+
+/// Takes the winners of the last pass, where the rules would come to the same again.
+/// @return false where they have to be matched
+bool StylePass::recall() {
+    const AppliedProperties* properties = m_node.m_applied.get();
+    if (!properties || !properties->matchedRules())
+        return false;
+    for (int index = 0; index < properties->size(); ++index) {
+        if (properties->isCurrent((*properties)[index]) && !recallWinner(index)) {
+            giveUpRecall();
+            return false;
+        }
+    }
+    if (!properties->hasBegunNothing())
+        m_scratch.begun.groups = m_node.m_childStyle.m_waiting->groups();
+    return true;
+}
+
+void StylePass::giveUpRecall() {
+    m_scratch.applied.clear();
+    if (isNodeAlive() && m_node.m_pseudoClasses)
+        m_node.m_pseudoClasses->clearUses();
+}
+
+/// @return false where the attribute has gone or is no longer one that takes its values whole
+bool StylePass::recallWinner(int index) {
+    const AppliedProperties::Property& property = (*m_node.m_applied)[index];
+    const Offer* offered = m_index->offers().find(property.declaration);
+    if (!offered || !m_index->offers().property(offered->property).isSharedWith(property.name))
+        return false;
+    Attribute* attribute = m_node.attribute(property.name);
+    if (!isNodeAlive() || !attribute || !attribute->name().isSharedWith(property.name))
+        return false;
+    const int place = m_scratch.applied.placeOf(attribute, &property.name);
+    const Claim claim(0, offered->id, offered->isImportant);
+    return m_scratch.applied.take(place, offered->declaration->value(), claim).isWhole;
 }
 
 void StylePass::matchRules() {
@@ -170,7 +245,7 @@ void StylePass::apply(const SimpleSelector& compound, const OfferRange& offers, 
                 return;
         }
         if (place < 0)
-            m_scratch.deferred.push_back({&compound, offered.declaration, specificity});
+            defer({&compound, offered.declaration, specificity});
         else if (offer(place, offered.declaration->value(), {specificity, offered.id, bool(offered.isImportant)}) &&
                  !isNodeAlive())
             return;
@@ -185,6 +260,7 @@ int StylePass::findPlace(const Offer& offered) {
         return makePlace(property);
     const bool isItsName = attribute->name().isSharedWith(property); // a node may answer one of another name
     const int place = m_scratch.applied.placeOf(attribute, isItsName ? &property : nullptr);
+    m_isPlain = m_isPlain && isItsName;
     m_scratch.found.enter(offered.property, place);
     return place;
 }
@@ -195,6 +271,11 @@ int StylePass::makePlace(const QByteArray& property) {
     return made && isNodeAlive() ? m_scratch.applied.placeOf(made, nullptr) : -1;
 }
 
+void StylePass::defer(const Deferred& declaration) {
+    m_scratch.deferred.push_back(declaration);
+    m_isPlain = false;
+}
+
 /// Applies what a state that was handed down stands for: a rule of the sheet, or declarations from elsewhere.
 void StylePass::applyHandedDown(const SimpleSelector& compound, const std::vector<Declaration>& declarations,
                                 int specificity) {
@@ -203,6 +284,7 @@ void StylePass::applyHandedDown(const SimpleSelector& compound, const std::vecto
         apply(compound, offers, specificity);
         return;
     }
+    m_isPlain = false;
     for (const Declaration& declaration : declarations) {
         if (!isNodeAlive())
             return;
@@ -211,7 +293,7 @@ void StylePass::applyHandedDown(const SimpleSelector& compound, const std::vecto
         if (!isNodeAlive())
             return;
         if (place < 0)
-            m_scratch.deferred.push_back({&compound, &declaration, specificity});
+            defer({&compound, &declaration, specificity});
         else
             offer(place, declaration.value(), {specificity, declaration.id(), declaration.important()});
     }
@@ -228,6 +310,7 @@ inline bool StylePass::offer(int place, const StyleValue& value, const Claim& cl
 
 /// Offers the parts of a value that has won to the longhands, where its attribute is a shorthand.
 void StylePass::split(int place) {
+    m_isPlain = false;
     const AppliedValues::Value winner = m_scratch.applied[place];
     ShorthandParts& parts = m_scratch.emptyParts();
     if (!winner.attribute->handleShorthand(*winner.value, parts))
@@ -283,13 +366,16 @@ void StylePass::write(const AppliedValues::Value& winner) {
         return;
     const bool important = winner.claim.isImportant();
     if (!m_node.setAttributeValue(*winner.attribute, *winner.value,
-                                  important ? Attribute::ImportantStyleLayer : Attribute::StyleLayer) ||
-        !isNodeAlive())
+                                  important ? Attribute::ImportantStyleLayer : Attribute::StyleLayer)) {
+        m_isPlain = false;
+        return;
+    }
+    if (!isNodeAlive())
         return;
     if (!m_node.m_applied)
         m_node.m_applied = std::make_unique<AppliedProperties>();
     AppliedProperties& properties = *m_node.m_applied;
-    int index = properties.indexOf(*winner.name, m_written); // mostly in the order of the last pass
+    int index = properties.indexOf(*winner.name, m_lastWritten + 1); // mostly in their order
     if (index < 0) {
         index = properties.add(*winner.name);
     } else if (properties[index].isImportant() != important) {
@@ -300,6 +386,8 @@ void StylePass::write(const AppliedValues::Value& winner) {
     }
     AppliedProperties::Property& property = properties[index];
     m_written += property.generation() != m_newGeneration;
+    m_isPlain = m_isPlain && index > m_lastWritten;
+    m_lastWritten = index;
     property.writing = AppliedProperties::writingOf(m_newGeneration, important);
     property.declaration = winner.claim.declaration();
 }

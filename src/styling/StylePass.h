@@ -26,6 +26,15 @@ public:
     bool run();
     /// The style for the children, after the run.
     Style childStyle() const;
+
+    /// Looks whether rules and identity come to the same with @p style, which the node has not got yet, as they did in
+    /// its last pass. Then the next one takes the winners of that, and leaves the uses of pseudo-classes as they are.
+    static bool prepare(Styleable& node, const Style& style);
+    /// Has the next pass match the rules, whatever the style.
+    static void forgetMatches(Styleable& node);
+    /// Tells that the node goes on handing down an equal style in place of the one that the pass has made.
+    static void keptChildStyle(Styleable& node, const Style& made);
+
     /// Keeps the style of the node, which is being deleted, as the values that are being written are in its sheet.
     void nodeGoes(Style&& style);
     /// Gives up an attribute that leaves the node while the pass runs.
@@ -33,7 +42,11 @@ public:
 
 private:
     struct Scratch;
+    struct Deferred;
 
+    bool recall();
+    bool recallWinner(int index);
+    void giveUpRecall();
     void matchRules();
     void matchWaiting();
     void tryStart(const RuleIndex::Start& start);
@@ -42,6 +55,7 @@ private:
     void applyHandedDown(const SimpleSelector& compound, const std::vector<Declaration>& declarations, int specificity);
     int findPlace(const Offer& offered);
     int makePlace(const QByteArray& property);
+    void defer(const Deferred& declaration);
     bool offer(int place, const Ondex::StyleValue& value, const Claim& claim);
     void split(int place);
     void writeWinners();
@@ -60,7 +74,9 @@ private:
     Style m_styleOfLostNode;  // keeps the sheet where the node goes
     Scratch& m_scratch;
     unsigned m_newGeneration;
-    int m_written = 0; // properties that the pass has written
+    int m_written = 0;      // properties that the pass has written
+    int m_lastWritten = -1; // place of the last one among those applied
+    bool m_isPlain = true;  // nothing happened but that whole values of the sheet were written, in their order
 };
 
 } // namespace Brisko

@@ -38,6 +38,7 @@ Styleable::~Styleable() {
 
 void Styleable::setCSSType(const QByteArray& type) {
     m_cssType = Gorvel::interned(type);
+    StylePass::forgetMatches(*this);
     updateStyle();
 }
 
@@ -92,6 +93,7 @@ bool Styleable::hasCSSClass(const QByteArray& name) const {
 
 /// Restyles for another id or other classes.
 void Styleable::watchedChanged(Ondex::Attribute& identity) {
+    StylePass::forgetMatches(*this);
     if (&identity == &m_cssClass)
         classesChanged();
     else
@@ -112,6 +114,7 @@ void Styleable::setPseudoClass(const QByteArray& name, bool on) {
     if (pseudoClass(name) == on)
         return;
     pseudoClassesForWriting().set(name, on);
+    StylePass::forgetMatches(*this);
     const Watch watch(*this);
     if (!isStylingSuppressed()) {
         switch (m_pseudoClasses->use(name)) {

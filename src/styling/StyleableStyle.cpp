@@ -33,15 +33,20 @@ bool Styleable::setStyle(const Style& style) {
 /// Runs the pass with a new child style and keeps that.
 /// @return whether it differs from the one before; false where a listener deleted this node
 bool Styleable::applyStyle(const Style& style, PassKind kind) {
-    if (m_pseudoClasses)
+    const bool isRecalled = StylePass::prepare(*this, style);
+    if (m_pseudoClasses && !isRecalled)
         m_pseudoClasses->clearUses();
     m_style = style;
     Style childStyle;
     const PassEnd end = runPass(&childStyle, kind);
     if (end == PassEnd::AskedAgain)
         return applyStyle(*std::exchange(m_askedStyle, nullptr), PassKind::Repeated);
-    if (end == PassEnd::NodeDeleted || childStyle == m_childStyle)
+    if (end == PassEnd::NodeDeleted)
         return false;
+    if (childStyle == m_childStyle) {
+        StylePass::keptChildStyle(*this, childStyle);
+        return false;
+    }
     m_childStyle = std::move(childStyle);
     return true;
 }

@@ -110,6 +110,39 @@ bool WaitingRules::consistsOf(const Groups& groups, const WaitingRules* rest) co
     return m_rest.data() == rest && std::equal(groups.begin(), groups.end(), m_groups.begin(), m_groups.end());
 }
 
+/// Whether a node with these keys may match one of the groups before the rest, those of @p except left out.
+bool WaitingRules::mayMatch(const KeySet& keys, const WaitingRules* except) const {
+    return std::any_of(m_groups.begin(), m_groups.end(), [&](const WaitingGroup* group) {
+        return group->mayMatch(keys) && !(except && except->m_groups.contains(group));
+    });
+}
+
+/// Walks both lists side by side; where one is longer, it goes ahead. What only one of them has must not match. What
+/// both have must go on whole, unless the node is the first that it waits for in both, or in neither.
+bool WaitingRules::areAlike(const WaitingRules* a, const WaitingRules* b, const KeySet& keys) {
+    const WaitingRules* const firstOfA = a;
+    const WaitingRules* const firstOfB = b;
+    while (a != b) {
+        const int ahead = (a ? a->m_length : 0) - (b ? b->m_length : 0);
+        const WaitingRules* const stepInA = ahead >= 0 ? a : nullptr;
+        const WaitingRules* const stepInB = ahead <= 0 ? b : nullptr;
+        const bool isSameTurn = (a == firstOfA) == (b == firstOfB);
+        if (a && b && a->m_groups == b->m_groups && (isSameTurn || a->goesOnWhole())) {
+            a = a->m_rest.data();
+            b = b->m_rest.data();
+            continue;
+        }
+        if ((stepInA && stepInA->mayMatch(keys, isSameTurn ? stepInB : nullptr)) ||
+            (stepInB && stepInB->mayMatch(keys, isSameTurn ? stepInA : nullptr)))
+            return false;
+        if (stepInA)
+            a = a->m_rest.data();
+        if (stepInB)
+            b = b->m_rest.data();
+    }
+    return !a || (a == firstOfA) == (b == firstOfB) || a->goesOnWhole();
+}
+
 bool WaitingRules::equal(const WaitingRules* a, const WaitingRules* b) {
     const WaitingRules* x = a;
     const WaitingRules* y = b;

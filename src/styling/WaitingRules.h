@@ -64,6 +64,11 @@ public:
     void collect(const KeySet& keys, std::vector<const WaitingCompound*>& found) const;
     /// Whether this has these groups before that very rest.
     bool consistsOf(const Groups& groups, const WaitingRules* rest) const;
+    /// The groups before the rest.
+    Groups groups() const { return {m_groups.begin(), m_groups.end()}; }
+    /// Whether a node with these keys finds the same in both, as far as it can be told by groups; null is an empty
+    /// list.
+    static bool areAlike(const WaitingRules* a, const WaitingRules* b, const KeySet& keys);
     /// Whether both hold the same states in the same order; null is an empty list.
     static bool equal(const WaitingRules* a, const WaitingRules* b);
 
@@ -94,6 +99,7 @@ public:
     }
 
 private:
+    bool mayMatch(const KeySet& keys, const WaitingRules* except) const;
     bool isFurtherUp(const WaitingGroup* group, const WaitingRules* list) const;
     static void sortByOrder(std::vector<const WaitingCompound*>& compounds, std::ptrdiff_t first);
     static void dropRepeated(std::vector<const WaitingCompound*>& found, std::ptrdiff_t first, std::ptrdiff_t held);

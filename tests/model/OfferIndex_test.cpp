@@ -1,5 +1,7 @@
 #include "model/OfferIndex.h"
 
+#include "Brisko/StyleSheet.h"
+
 #include <gtest/gtest.h>
 
 #include <iterator>
@@ -57,6 +59,36 @@ TEST(OfferIndex, RulesThatShareDeclarationsShareOffers) {
     EXPECT_EQ(index.propertyCount(), 3);
     for (const Rule& rule : {rules[0], rules[1], rules[3]})
         EXPECT_EQ(index.of(rule.declarations()).first, offers.first);
+}
+
+TEST(OfferIndex, FindsDeclarationsByNumbersThatGrow) {
+    StyleSheet sheet;
+    Declaration dropped("x", Ondex::StyleValue(1), false);
+    for (int i = 0; i < 3; ++i) {
+        Declarations declarations = declarationsOf({"a", "b"});
+        for (Declaration& declaration : declarations)
+            sheet.setId(declaration, "here");
+        if (i == 1)
+            sheet.setId(dropped, "here");
+        sheet.declare(any, declarations);
+    }
+    const OfferIndex index(sheet.rules());
+    for (const Rule& rule : sheet.rules()) {
+        for (const Declaration& declaration : rule.declarations())
+            EXPECT_EQ(index.find(declaration.id())->declaration, &declaration);
+    }
+    EXPECT_EQ(index.find(dropped.id()), nullptr);
+    EXPECT_EQ(index.find(-1), nullptr);
+    EXPECT_EQ(index.find(7), nullptr);
+    EXPECT_EQ(OfferIndex({}).find(0), nullptr);
+}
+
+TEST(OfferIndex, FindsNothingByNumbersThatMayRepeat) {
+    StyleSheet sheet;
+    Declarations declarations = declarationsOf({"a"});
+    sheet.setId(declarations[0], "here");
+    const std::vector<Rule> rules{Rule(any, declarations), Rule(any, declarations)};
+    EXPECT_EQ(OfferIndex(rules).find(declarations[0].id()), nullptr);
 }
 
 TEST(OfferIndex, DeclarationsOfNoRuleHaveNoOffers) {

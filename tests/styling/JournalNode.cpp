@@ -1,5 +1,7 @@
 #include "styling/JournalNode.h"
 
+#include "Ondex/AttributeT.h"
+
 #include <gtest/gtest.h>
 
 namespace Testing {
@@ -11,6 +13,8 @@ JournalNode::JournalNode(const QByteArray& label, const QByteArray& type, Journa
     : Styleable(type), m_label(label), m_journal(journal) {
     for (const QByteArray& name : firstAttributes())
         new JournalAttribute(this, name); // the node owns it
+    for (const QByteArray& name : wholeAttributes())
+        new Ondex::AttributeT<StyleValue>(this, name);
     eventAddIn("pseudo-class-changed", [this](const Gorvel::BinaryData&) { m_journal.note(m_label, "event"); });
 }
 

@@ -42,6 +42,8 @@ PlainNode::PlainNode(const QByteArray& nodeLabel, const QByteArray& nodeType, Jo
         make(name, true);
     for (const QByteArray& name : firstAttributes())
         make(name, false);
+    for (const QByteArray& name : wholeAttributes())
+        make(name, true);
 }
 
 bool PlainNode::setStyle(const PlainStyle& newStyle) {

@@ -114,6 +114,27 @@ TEST(PlainCascade, DeepChangedScenesAgree) {
         changeAndCompare(seed + run, plan, 12);
 }
 
+/// Where nobody has to be asked for parts, what the last pass has found is used again.
+TEST(PlainCascade, ChangedScenesOfWholeValuesAgree) {
+    for (const NamePlan& names : {fewNames, manyNames}) {
+        const RunPlan plan{{names, 25, 3, true}, 12, 60, 10, 0};
+        for (unsigned run = 0; run < 60 && !HasFailure(); ++run)
+            changeAndCompare(seed + run, plan, 25);
+    }
+}
+
+TEST(PlainCascade, DeepChangedScenesOfWholeValuesAgree) {
+    const RunPlan plan{{manyNames, 40, 3, true}, 40, 95, 10, 0};
+    for (unsigned run = 0; run < 20 && !HasFailure(); ++run)
+        changeAndCompare(seed + run, plan, 20);
+}
+
+TEST(PlainCascade, ScenesOfWholeValuesWithStylesMadeByHandAgree) {
+    const RunPlan plan{{manyNames, 20, 3, true}, 10, 60, 20, 25};
+    for (unsigned run = 0; run < 150 && !HasFailure(); ++run)
+        changeAndCompare(seed + run, plan, 25);
+}
+
 TEST(PlainCascade, ScenesWithStylesMadeByHandAgree) {
     const RunPlan plan{{fewNames, 10, 4}, 10, 60, 25, 35};
     for (unsigned run = 0; run < 150 && !HasFailure(); ++run)

@@ -44,13 +44,13 @@ QByteArray valueText(Dice& dice, const QByteArray& property, int number) {
     return text;
 }
 
-const QByteArray& anyProperty(Dice& dice) {
-    const std::vector<QByteArray>& all = declaredProperties();
+const QByteArray& anyProperty(Dice& dice, bool isWhole) {
+    const std::vector<QByteArray>& all = isWhole ? wholeAttributes() : declaredProperties();
     return all[std::size_t(dice.roll(int(all.size())))];
 }
 
-QByteArray declarationText(Dice& dice, int number) {
-    const QByteArray& property = anyProperty(dice);
+QByteArray declarationText(Dice& dice, bool isWhole, int number) {
+    const QByteArray& property = anyProperty(dice, isWhole);
     return property + ": " + valueText(dice, property, number);
 }
 
@@ -60,7 +60,8 @@ QByteArray ruleText(Dice& dice, const SheetPlan& plan, int& number) {
         text += ", " + selectorText(dice, plan);
     text += " {";
     for (int i = 1 + dice.roll(3); i > 0; --i) {
-        text += ' ' + (plan.declaration ? plan.declaration(dice) : declarationText(dice, number++));
+        text += ' ' + (plan.declaration ? plan.declaration(dice)
+                                        : declarationText(dice, plan.hasWholeValuesOnly, number++));
         text += dice.chance(15) ? " !important;" : ";";
     }
     return text + " }\n";
@@ -115,7 +116,7 @@ std::shared_ptr<StyleSheet> randomIrregularSheet(Dice& dice, const StyleSheet& p
 std::vector<Declaration> randomDeclarations(Dice& dice) {
     std::vector<Declaration> declarations;
     for (int i = 1 + dice.roll(3); i > 0; --i)
-        declarations.emplace_back(anyProperty(dice), Ondex::StyleValue(900 + dice.roll(100)), dice.chance(20));
+        declarations.emplace_back(anyProperty(dice, false), Ondex::StyleValue(900 + dice.roll(100)), dice.chance(20));
     return declarations;
 }
 

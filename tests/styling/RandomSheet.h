@@ -9,8 +9,9 @@ namespace Testing {
 /// What a random sheet is made of.
 struct SheetPlan {
     NamePlan names;
-    int rules = 8;     ///< at most, before selector lists are taken apart
-    int compounds = 4; ///< of a selector, at most
+    int rules = 8;                   ///< at most, before selector lists are taken apart
+    int compounds = 4;               ///< of a selector, at most
+    bool hasWholeValuesOnly = false; ///< of the properties of ScenePlan.h, the whole attributes
     /// Writes a declaration without its semicolon; null for those of the properties of ScenePlan.h.
     std::function<QByteArray(Dice&)> declaration = {};
 };

@@ -21,6 +21,11 @@ const std::vector<QByteArray>& firstAttributes() {
     return names;
 }
 
+const std::vector<QByteArray>& wholeAttributes() {
+    static const std::vector<QByteArray> names{"whole-a", "whole-b", "whole-c", "whole-d"};
+    return names;
+}
+
 const std::vector<QByteArray>& lazyAttributes() {
     static const std::vector<QByteArray> names{"lazy", "lazy-pair"};
     return names;
@@ -48,7 +53,11 @@ const std::vector<QByteArray>& declaredProperties() {
                                                "pair",
                                                "quad-x-a",
                                                "transition-delay",
-                                               "transition-duration"};
+                                               "transition-duration",
+                                               "whole-a",
+                                               "whole-b",
+                                               "whole-c",
+                                               "whole-d"};
     return names;
 }
 

@@ -20,6 +20,8 @@ struct AttributePlan {
 
 /// The attributes that every node has from the start, the shorthands among them with their longhands.
 const std::vector<QByteArray>& firstAttributes();
+/// Those of a class that the library knows to take every value whole, which every node has from the start as well.
+const std::vector<QByteArray>& wholeAttributes();
 /// Those that a node gets when a declaration asks for them.
 const std::vector<QByteArray>& lazyAttributes();
 /// All names that declarations of random sheets set, those that nobody serves included.

@@ -164,6 +164,61 @@ TEST_P(RandomWaitingRules, CollectingFiltersTheStates) {
     }
 }
 
+TEST_P(RandomWaitingRules, ListsThatAreAlikeGiveTheSame) {
+    int alike = 0;
+    for (const Listed& a : lists) {
+        for (const Listed& b : lists) {
+            const KeySet keys = randomKeys(dice);
+            EXPECT_TRUE(WaitingRules::areAlike(a.rules.data(), a.rules.data(), keys));
+            if (!WaitingRules::areAlike(a.rules.data(), b.rules.data(), keys))
+                continue;
+            EXPECT_TRUE(WaitingRules::areAlike(b.rules.data(), a.rules.data(), keys));
+            EXPECT_TRUE(collected(*a.rules, keys) == collected(*b.rules, keys));
+            ++alike;
+        }
+        const KeySet keys = randomKeys(dice);
+        if (WaitingRules::areAlike(a.rules.data(), nullptr, keys)) {
+            EXPECT_TRUE(collected(*a.rules, keys).empty());
+        }
+    }
+    EXPECT_GE(alike, int(lists.size())); // each is like itself
+}
+
+/// What a class further up changes for a node that has no key of the rules that it begins.
+TEST(WaitingRules, AreAlikeBelowAGroupThatDoesNotFit) {
+    SimpleSelector compounds[3] = {{SimpleSelector::AuthorOrigin, "", ""},
+                                   {SimpleSelector::AuthorOrigin, "", ""},
+                                   {SimpleSelector::AuthorOrigin, "", ""}};
+    const std::vector<Declaration> declarations;
+    WaitingGroup groups[3];
+    for (int i = 0; i < 3; ++i) {
+        compounds[i].addClass(className(i));
+        compounds[i].setCombinator(SimpleSelector::Descendant);
+        groups[i].add(&declarations, &compounds[i], 0, i);
+        groups[i].file();
+    }
+    const auto listOf = [&](const Groups& own, const WaitingRules::Pointer& rest) {
+        return WaitingRules::Pointer(new WaitingRules(own, rest));
+    };
+    const WaitingRules::Pointer top = listOf({&groups[0]}, WaitingRules::Pointer());
+    const WaitingRules::Pointer between = listOf({&groups[1]}, top);
+    const WaitingRules::Pointer belowTop = listOf({&groups[2]}, top);
+    const WaitingRules::Pointer belowBetween = listOf({&groups[2]}, between);
+    KeySet keys;
+    keys.insert(MatchKey::ofClass(className(0)));
+    keys.insert(MatchKey::ofClass(className(2)));
+    EXPECT_TRUE(WaitingRules::areAlike(belowTop.data(), belowBetween.data(), keys));
+    EXPECT_TRUE(WaitingRules::areAlike(top.data(), between.data(), keys));
+    EXPECT_FALSE(WaitingRules::areAlike(belowTop.data(), top.data(), keys));
+    EXPECT_FALSE(WaitingRules::areAlike(belowTop.data(), nullptr, keys));
+    const WaitingRules::Pointer more = listOf({&groups[1], &groups[2]}, top);
+    EXPECT_TRUE(WaitingRules::areAlike(belowTop.data(), more.data(), keys));
+    keys.insert(MatchKey::ofClass(className(1)));
+    EXPECT_FALSE(WaitingRules::areAlike(belowTop.data(), belowBetween.data(), keys));
+    EXPECT_FALSE(WaitingRules::areAlike(belowTop.data(), more.data(), keys));
+    EXPECT_FALSE(WaitingRules::areAlike(top.data(), between.data(), keys));
+}
+
 TEST_P(RandomWaitingRules, VisitMeetsTheStatesInOrder) {
     for (const Listed& list : lists) {
         PlainStyle met;
