@@ -48,7 +48,7 @@ bool Selector::operator<(const Selector& other) const {
 
 QDebug operator<<(QDebug debug, const Selector& selector) {
     QDebugStateSaver saver(debug);
-    debug.nospace() << "Selector(";
+    debug.nospace().noquote() << "Selector(";
     for (const SimpleSelector* compound = selector.size() ? selector.front().get() : nullptr; compound;
          compound = compound->next()) {
         if (compound->combinator() != SimpleSelector::None)

@@ -164,7 +164,7 @@ const QByteArray& SimpleSelector::toString() const {
 
 QDebug operator<<(QDebug debug, const SimpleSelector& selector) {
     QDebugStateSaver saver(debug);
-    debug.nospace() << "SimpleSelector(" << selector.toString() << ')';
+    debug.nospace().noquote() << "SimpleSelector(" << selector.toString() << ')';
     return debug;
 }
 

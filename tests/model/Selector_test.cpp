@@ -1,5 +1,7 @@
 #include "Brisko/Selector.h"
 
+#include <QDebug>
+
 #include <gtest/gtest.h>
 
 #include <ostream>
@@ -183,6 +185,14 @@ std::vector<OrderCase> orderRows() {
 
 INSTANTIATE_TEST_SUITE_P(Rows, SelectorOrder, testing::ValuesIn(orderRows()),
                          [](const testing::TestParamInfo<OrderCase>& row) { return std::string(row.param.name); });
+
+TEST(Selector, IsPrintedAsItIsWritten) {
+    const Selector selector =
+        chain({{"c", SimpleSelector::None}, {"b", SimpleSelector::Descendant}, {"a", SimpleSelector::Child}});
+    QString printed;
+    QDebug(&printed) << selector << Selector();
+    EXPECT_EQ(printed.trimmed().toStdString(), "Selector(a > b c) Selector()");
+}
 
 } // namespace
 

@@ -2,6 +2,8 @@
 
 #include "support/TraceGuard.h"
 
+#include <QDebug>
+
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -328,6 +330,15 @@ TEST(SimpleSelectorText, ManyClassesAndPseudoClassesOfACopy) {
     EXPECT_EQ(one.pseudoClasses().size(), 30u);
     EXPECT_EQ(copy.pseudoClasses().size(), 31u);
     EXPECT_EQ(copy.pseudoClasses().back(), "30");
+}
+
+TEST(SimpleSelector, IsPrintedWithItsText) {
+    SimpleSelector selector = compound("a", "x");
+    selector.addClass("B");
+    selector.updateString();
+    QString printed;
+    QDebug(&printed) << selector << 1;
+    EXPECT_EQ(printed.trimmed().toStdString(), "SimpleSelector(a.b#x) 1");
 }
 
 } // namespace
