@@ -1,5 +1,7 @@
 #include "Brisko/BackgroundImage.h"
 
+#include "Hexley/Mipmap.h"
+
 #include <gtest/gtest.h>
 
 namespace Testing {
@@ -7,6 +9,12 @@ namespace {
 
 using Brisko::BackgroundImage;
 using Ondex::Attribute;
+
+/// A black pixel (PNG).
+const QString onePixel =
+    QStringLiteral("data:image/png;base64,"
+                   "iVBORw0KGgoAAAANSUhEUgAAAAEAAAABCAAAAAA6fptVAAAACklEQVR4nGNgAAAAAgABSK+kcQAAAABJ"
+                   "RU5ErkJggg==");
 
 TEST(BackgroundImage, DefaultLayer) {
     const BackgroundImage layer;
@@ -53,18 +61,33 @@ TEST(BackgroundImage, ParsesTheWordsOfPositions) {
     EXPECT_EQ(int(BackgroundImage::parsePosition(QString())), 5);
 }
 
-TEST(BackgroundImage, ComparesByValue) {
+TEST(BackgroundImage, EveryFieldIsCompared) {
+    using Change = void (*)(BackgroundImage & layer);
+    const Change changes[] = {
+        [](BackgroundImage& layer) { layer.image = Hexley::Mipmap::acquire(onePixel, false); },
+        [](BackgroundImage& layer) { layer.repeatX = BackgroundImage::NoRepeat; },
+        [](BackgroundImage& layer) { layer.repeatY = BackgroundImage::NoRepeat; },
+        [](BackgroundImage& layer) { layer.positionOriginX = BackgroundImage::Right; },
+        [](BackgroundImage& layer) { layer.positionOriginY = BackgroundImage::Bottom; },
+        [](BackgroundImage& layer) { layer.positionOffsetX = 1.f; },
+        [](BackgroundImage& layer) { layer.positionOffsetY = 1.f; },
+        [](BackgroundImage& layer) { layer.offsetUnitX = Attribute::VU_PERCENTAGE; },
+        [](BackgroundImage& layer) { layer.offsetUnitY = Attribute::VU_PERCENTAGE; },
+        [](BackgroundImage& layer) { layer.clip = BackgroundImage::ContentBox; },
+        [](BackgroundImage& layer) { layer.origin = BackgroundImage::ContentBox; },
+        [](BackgroundImage& layer) { layer.sizeModeX = BackgroundImage::Cover; },
+        [](BackgroundImage& layer) { layer.sizeModeY = BackgroundImage::Cover; },
+        [](BackgroundImage& layer) { layer.sizeX = 1.f; },
+        [](BackgroundImage& layer) { layer.sizeY = 1.f; },
+    };
     const BackgroundImage layer;
-    BackgroundImage other = layer;
-    EXPECT_EQ(layer, other);
-    other.repeatY = BackgroundImage::NoRepeat;
-    EXPECT_NE(layer, other);
-    other = layer;
-    other.sizeY = 1.f;
-    EXPECT_NE(layer, other);
-    other = layer;
-    other.offsetUnitX = Attribute::VU_PERCENTAGE;
-    EXPECT_NE(layer, other);
+    EXPECT_EQ(layer, BackgroundImage(layer));
+    int number = 0;
+    for (const Change change : changes) {
+        BackgroundImage other = layer;
+        change(other);
+        EXPECT_NE(layer, other) << "change " << number++;
+    }
 }
 
 } // namespace

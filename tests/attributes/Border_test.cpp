@@ -1,5 +1,7 @@
 #include "Brisko/Border.h"
 
+#include <QDebug>
+
 #include <gtest/gtest.h>
 
 #include <limits>
@@ -53,6 +55,12 @@ TEST(Border, EqualityComparesWidthStyleAndEveryChannel) {
     EXPECT_NE(border, Border(2.f, Border::Solid, ColorPMA(0.1f, 0.5f, 0.3f, 0.4f)));
     EXPECT_NE(border, Border(2.f, Border::Solid, ColorPMA(0.1f, 0.2f, 0.5f, 0.4f)));
     EXPECT_NE(border, Border(2.f, Border::Solid, ColorPMA(0.1f, 0.2f, 0.3f, 0.5f)));
+}
+
+TEST(Border, IsPrintedWithWidthStyleAndColour) {
+    QString printed;
+    QDebug(&printed) << Border(2.5f, Border::Solid, ColorPMA(0.5f, 0.25f, 0.f, 0.5f)) << Border();
+    EXPECT_EQ(printed.trimmed().toStdString(), "Border(2.5, solid, 0.5 0.25 0 0.5) Border(0, none, 1 1 1 1)");
 }
 
 } // namespace

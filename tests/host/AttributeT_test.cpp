@@ -284,6 +284,15 @@ TEST(AttributeTColor, ReadsColoursAndTheirNames) {
     EXPECT_EQ(attribute.value(), before);
 }
 
+TEST(AttributeTColor, BothColoursRefuseNumbers) {
+    AttributeT<Gorvel::Color> straight(nullptr, "c", Gorvel::Color(1.f, .5f, 0.f, .25f));
+    EXPECT_FALSE(straight.set(1, user, plain));
+    EXPECT_FALSE(straight.set(1.f, user, plain));
+    EXPECT_EQ(straight.value(), Gorvel::Color(1.f, .5f, 0.f, .25f));
+    EXPECT_TRUE(straight.set(StyleValue(Gorvel::Color(0.f, 1.f, 0.f, .5f)), user));
+    EXPECT_EQ(straight.value(), Gorvel::Color(0.f, 1.f, 0.f, .5f));
+}
+
 TEST(AttributeTColor, TextFormReadsBack) {
     AttributeT<Gorvel::ColorPMA> attribute(nullptr, "c", Gorvel::ColorPMA(.5f, .25f, 0.f, .5f));
     EXPECT_EQ(attribute.asString(nullptr, effective), QString("rgba_pma(127.5, 63.75, 0, 0.5)"));

@@ -257,6 +257,13 @@ TEST_F(Images, EmptyPathFolderAndEmptyFileAreNoImages) {
     EXPECT_EQ(faultsOf("empty.png").size(), 1u);
 }
 
+TEST_F(Images, FileLargerThanTheLimitIsRefusedUnread) {
+    QFile file(path("large.png"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.resize(Mipmap::largestImage + 1)); // takes no room on the disk
+    EXPECT_EQ(faultsOf("large.png"),
+              (Texts{"warning: Mipmap::acquire # Cannot read image 'large.png': The file is too large"}));
+}
+
 TEST_F(Images, TextIsNoImage) {
     write("text.png", "This is no image.");
     EXPECT_EQ(faultsOf("text.png"),

@@ -2,6 +2,8 @@
 
 #include "support/SheetDump.h"
 
+#include <QDebug>
+
 #include <gtest/gtest.h>
 
 namespace Testing {
@@ -60,6 +62,15 @@ TEST(Declaration, EqualityIsThatOfEveryField) {
         EXPECT_FALSE(one == other) << other.id() << other.property().constData();
         EXPECT_TRUE(one != other);
     }
+}
+
+TEST(Declaration, IsPrintedAsItIsWritten) {
+    StyleSheet sheet;
+    Declaration first("x", StyleValue(2), true);
+    sheet.setId(first, "a.css:1");
+    QString printed;
+    QDebug(&printed) << first << Declaration("y", StyleValue(QByteArray("red")), false);
+    EXPECT_EQ(printed.trimmed().toStdString(), "Declaration(0, x: 2 !important) Declaration(-1, y: red)");
 }
 
 TEST(Rule, CopySharesTheCompoundsAndHasEqualDeclarations) {
@@ -203,6 +214,17 @@ TEST(StyleSheet, AssignmentReplacesEverything) {
     EXPECT_EQ(sheet.source(0), QString());
     sheet.setId(one, "t");
     EXPECT_EQ(one.id(), 0);
+}
+
+TEST(StyleSheet, AssignedToItselfStaysAsItIs) {
+    StyleSheet sheet;
+    Declaration one = declaration("x", 1);
+    sheet.setId(one, "s");
+    sheet.declare(type("a"), {one});
+    const StyleSheet& same = sheet;
+    sheet = same;
+    EXPECT_EQ(dumpSheet(sheet), "a {x: 1}");
+    EXPECT_EQ(sheet.source(0), QString("s"));
 }
 
 TEST(StyleSheet, UpdateIsolatedSubtreesIsSetAndReset) {

@@ -13,6 +13,9 @@
 
 #include <cstdio>
 
+#include <sys/resource.h>
+#include <unistd.h>
+
 namespace Testing {
 
 namespace {
@@ -58,6 +61,25 @@ protected:
     CSSParser parser;
     StyleSheet sheet;
     QStringList files;
+};
+
+/// Leaves the process that many file descriptors more while it lives.
+class FewDescriptors {
+public:
+    explicit FewDescriptors(int more) {
+        getrlimit(RLIMIT_NOFILE, &m_before);
+        const int free = dup(0);
+        close(free);
+        rlimit limit = m_before;
+        limit.rlim_cur = rlim_t(free + more);
+        setrlimit(RLIMIT_NOFILE, &limit);
+    }
+    ~FewDescriptors() { setrlimit(RLIMIT_NOFILE, &m_before); }
+    FewDescriptors(const FewDescriptors&) = delete;
+    FewDescriptors& operator=(const FewDescriptors&) = delete;
+
+private:
+    rlimit m_before;
 };
 
 /// Makes a folder the working directory while it lives.
@@ -358,6 +380,19 @@ TEST_F(CSSParserFiles, ImportsAreFollowedSixteenLevelsDown) {
     const Strings errors = trace.takeErrors();
     EXPECT_EQ(errors.back(), "CSSParser::import # Failed @import s17.css");
     EXPECT_THAT(errors, Not(Contains("CSSParser::import # Failed @import s16.css")));
+}
+
+TEST_F(CSSParserFiles, NoStreamCanBeMadeFromTheLastDescriptor) {
+    write("main.css", "a {x: 1}");
+    {
+        const FewDescriptors one(1);
+        EXPECT_EQ(parse("main.css"), CSSParser::OpenError);
+    }
+    EXPECT_EQ(trace.takeErrors(),
+              Strings{"CSSParser::parseSheet # failed to open file handle '" + text("main.css") + "'"});
+    EXPECT_TRUE(files.isEmpty());
+    EXPECT_TRUE(sheet.isEmpty());
+    EXPECT_EQ(parse("main.css"), CSSParser::NoError);
 }
 
 TEST_F(CSSParserFiles, RulesOfAnUnfinishedRuleSetStayApartFromAnImport) {

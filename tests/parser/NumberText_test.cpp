@@ -46,6 +46,17 @@ TEST(NumberText, IntegersAreReadLikeLongOnes) {
     }
 }
 
+TEST(NumberText, RealsBeyondADoubleAreInfiniteOrZero) {
+    const std::string large = '9' + std::string(400, '0') + ".5";
+    const std::string small = "." + std::string(400, '0') + '1';
+    EXPECT_EQ(real(large), HUGE_VAL);
+    EXPECT_EQ(real('+' + large), HUGE_VAL);
+    EXPECT_EQ(real('-' + large), -HUGE_VAL);
+    EXPECT_EQ(real('+' + small), 0.);
+    EXPECT_EQ(real('-' + small), 0.);
+    EXPECT_TRUE(std::signbit(real("-0" + small)));
+}
+
 TEST(NumberText, ReadingStopsBehindTheNumber) {
     EXPECT_EQ(real("12.5px"), 12.5);
     EXPECT_EQ(real("12px"), 12);

@@ -33,6 +33,8 @@ TEST(ParsedNames, NamesAreInUtf8) {
     EXPECT_EQ(names.name(text("caf\xe9")), "caf\xc3\xa9");
     EXPECT_EQ(names.name(text("caf\xc3\xa9", TokenText::Utf8)), "caf\xc3\xa9");
     EXPECT_EQ(names.name(text("a-long-name-\xe9")), "a-long-name-\xc3\xa9");
+    EXPECT_EQ(names.name(text("\xe9-long-name")), "\xc3\xa9-long-name");
+    EXPECT_EQ(names.name(text("")), "");
 }
 
 TEST(ParsedNames, LowerNamesAreThoseOfQt) {
