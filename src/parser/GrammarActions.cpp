@@ -182,7 +182,7 @@ StyleValue* ParserDriver::call(const TokenText& function, StyleValue* arguments)
 SimpleExpression* ParserDriver::combine(SimpleExpression* left, SimpleExpression::Tag tag,
                                         SimpleExpression* right) const {
     const std::unique_ptr<SimpleExpression> operand(right);
-    left->replace(tag, *operand);
+    left->replace(tag, std::move(*operand));
     return left;
 }
 

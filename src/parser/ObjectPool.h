@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <new>
 #include <utility>
@@ -51,7 +52,9 @@ private:
 
     void grow() {
         m_blocks.push_back(std::make_unique<Place[]>(placesAtOnce));
-        m_free.reserve(m_blocks.size() * placesAtOnce);
+        const std::size_t places = m_blocks.size() * placesAtOnce;
+        if (m_free.capacity() < places)
+            m_free.reserve(2 * places); // so that a large pool is not copied for every block
         for (std::size_t i = 0; i < placesAtOnce; ++i)
             m_free.push_back(&m_blocks.back()[i]);
     }

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <utility>
 
 using Ondex::SimpleExpression;
 using Param = SimpleExpression::Param;
@@ -67,6 +68,29 @@ TEST(SimpleExpression, OperandIsTakenAsAWhole) {
     const SimpleExpression difference = combined(5.f, Sub, 3.f);
     EXPECT_EQ(combined(10.f, Sub, difference).evaluate(nullptr, 0), 8.f);
     EXPECT_EQ(combined(10.f, Mul, difference).evaluate(nullptr, 0), 20.f);
+}
+
+TEST(SimpleExpression, MovedOperandIsTakenLikeACopiedOne) {
+    SimpleExpression copied(1.f);
+    SimpleExpression moved(1.f);
+    for (int i = 2; i < 40; ++i) { // the longer operand stands on the right, then on the left
+        const auto tag = SimpleExpression::Tag(i % 4);
+        SimpleExpression left = i % 3 == 0 ? combined(percent(float(i)), Add, 5.f) : SimpleExpression(float(i));
+        SimpleExpression right = moved;
+        if (i % 5 == 0)
+            left.replace(Mul, combined(combined(left, Add, left), Sub, combined(right, Div, right)));
+        SimpleExpression sameLeft = left;
+        left.replace(tag, copied);
+        moved = SimpleExpression();
+        sameLeft.replace(tag, std::move(right));
+        copied = left;
+        moved = sameLeft;
+        EXPECT_EQ(copied, moved) << i;
+        EXPECT_EQ(copied.toText(), moved.toText()) << i;
+        EXPECT_EQ(copied.isConstant(), moved.isConstant()) << i;
+        const float value = evaluated(copied, 3.f);
+        EXPECT_TRUE(std::isnan(value) ? std::isnan(evaluated(moved, 3.f)) : evaluated(moved, 3.f) == value) << i;
+    }
 }
 
 TEST(SimpleExpression, CombinesWithItself) {

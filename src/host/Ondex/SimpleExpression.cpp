@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 #include <vector>
 
 namespace Ondex {
@@ -40,17 +41,54 @@ float apply(Op::Code code, float a, float b) {
     }
 }
 
+/// Operations in order. To add some takes time in proportion to their number, at either end.
+class OpList {
+public:
+    const Op* begin() const { return m_ops.data() + m_unused; }
+    const Op* end() const { return m_ops.data() + m_ops.size(); }
+    std::size_t size() const { return m_ops.size() - m_unused; }
+    const Op& operator[](std::size_t i) const { return begin()[i]; }
+
+    void append(const Op& op) { m_ops.push_back(op); }
+    void append(const OpList& other) { m_ops.insert(m_ops.end(), other.begin(), other.end()); }
+    void prepend(const OpList& other) {
+        if (other.size() > m_unused)
+            makeRoom(other.size());
+        m_unused -= other.size();
+        std::copy(other.begin(), other.end(), m_ops.data() + m_unused);
+    }
+
+private:
+    /// Makes room in front for @p count and for half as many as there are then.
+    void makeRoom(std::size_t count) {
+        const std::size_t room = count + (count + size()) / 2;
+        std::vector<Op> ops;
+        ops.reserve(room + size());
+        ops.resize(room, Op{Op::Constant});
+        ops.insert(ops.end(), begin(), end());
+        m_ops = std::move(ops);
+        m_unused = room;
+    }
+
+    std::vector<Op> m_ops;
+    std::size_t m_unused = 0; // at the front
+};
+
+bool operator==(const OpList& a, const OpList& b) {
+    return std::equal(a.begin(), a.end(), b.begin(), b.end());
+}
+
 } // namespace
 
 /// The operations in postfix order: operands before their operator.
 struct SimpleExpression::Program : QSharedData {
-    std::vector<Op> ops;
+    OpList ops;
     int depth = 1;          // operands that evaluation holds at the same time, at most
     bool isConstant = true; // no parameters
 
     /// Adds the operation that combines what is there with an operand that needs @p operandDepth.
     void combine(Tag tag, int operandDepth) {
-        ops.push_back({static_cast<Op::Code>(tag)});
+        ops.append({static_cast<Op::Code>(tag)});
         depth = std::max(depth, operandDepth + 1);
     }
 };
@@ -58,7 +96,7 @@ struct SimpleExpression::Program : QSharedData {
 SimpleExpression::SimpleExpression() : SimpleExpression(0.f) {}
 
 SimpleExpression::SimpleExpression(float constant) : m_program(new Program) {
-    m_program->ops.push_back({Op::Constant, constant});
+    m_program->ops.append({Op::Constant, constant});
 }
 
 SimpleExpression::SimpleExpression(const SimpleExpression& other) = default;
@@ -68,21 +106,36 @@ SimpleExpression::~SimpleExpression() = default;
 void SimpleExpression::replace(Tag tag, const SimpleExpression& operand) {
     const QSharedDataPointer<Program> other = operand.m_program; // stays as it is where both are the same object
     Program& program = *m_program;
-    program.ops.insert(program.ops.end(), other->ops.begin(), other->ops.end());
+    program.ops.append(other->ops);
     program.isConstant = program.isConstant && other->isConstant;
     program.combine(tag, other->depth);
 }
 
+void SimpleExpression::replace(Tag tag, SimpleExpression&& operand) {
+    const QSharedDataPointer<Program>& right = operand.m_program;
+    if (right->ref.loadRelaxed() > 1 || right.constData()->ops.size() <= m_program.constData()->ops.size()) {
+        replace(tag, operand);
+        return;
+    }
+    const QSharedDataPointer<Program> left = m_program;
+    m_program.swap(operand.m_program);
+    Program& program = *m_program;
+    program.ops.prepend(left->ops);
+    program.isConstant = program.isConstant && left->isConstant;
+    const int rightDepth = std::exchange(program.depth, left->depth);
+    program.combine(tag, rightDepth);
+}
+
 void SimpleExpression::replace(Tag tag, Param operand) {
     Program& program = *m_program;
-    program.ops.push_back({Op::Parameter, 0.f, static_cast<int>(operand)});
+    program.ops.append({Op::Parameter, 0.f, static_cast<int>(operand)});
     program.isConstant = false;
     program.combine(tag, 1);
 }
 
 void SimpleExpression::replace(Tag tag, float operand) {
     Program& program = *m_program;
-    program.ops.push_back({Op::Constant, operand});
+    program.ops.append({Op::Constant, operand});
     program.combine(tag, 1);
 }
 
@@ -118,7 +171,7 @@ namespace {
 /// exactly one operator; so the text needs only the brackets at each operand and the operator behind it.
 class InfixWriter {
 public:
-    explicit InfixWriter(const std::vector<Op>& ops) {
+    explicit InfixWriter(const OpList& ops) {
         for (std::size_t i = 0; i < ops.size(); ++i) {
             if (isPercentage(ops, i)) {
                 push(percentageText(ops[i].constant));
@@ -158,7 +211,7 @@ private:
     static constexpr int LeafPrecedence = 2;
 
     /// A number times parameter 0, which is how a percentage is built.
-    static bool isPercentage(const std::vector<Op>& ops, std::size_t i) {
+    static bool isPercentage(const OpList& ops, std::size_t i) {
         return i + 2 < ops.size() && ops[i].code == Op::Constant && !std::isnan(ops[i].constant) &&
                ops[i + 1].code == Op::Parameter && ops[i + 1].parameter == 0 && ops[i + 2].code == Op::Mul;
     }

@@ -37,6 +37,8 @@ public:
 
     // Each replace() turns this expression e into (e tag operand).
     void replace(Tag tag, const SimpleExpression& operand);
+    /// The same; takes time in proportion to the shorter of both only.
+    void replace(Tag tag, SimpleExpression&& operand);
     void replace(Tag tag, Param operand);
     void replace(Tag tag, float operand);
 
