@@ -15,4 +15,5 @@
 #include "Brisko/SimpleSelector.h"
 #include "Brisko/Style.h"
 #include "Brisko/StyleSheet.h"
+#include "Brisko/StyleStatistics.h"
 #include "Brisko/Styleable.h"

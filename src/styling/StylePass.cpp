@@ -88,6 +88,8 @@ StylePass::StylePass(Styleable& node)
 }
 
 StylePass::~StylePass() {
+    m_counts.passes = 1;
+    StyleStatistics::add(m_counts);
     Scratch::giveBack(m_scratch);
     if (isNodeAlive())
         m_node.m_pass = nullptr;
@@ -109,10 +111,12 @@ bool StylePass::run() {
     return true;
 }
 
-Style StylePass::childStyle() const {
+Style StylePass::childStyle() {
     const ChildStyle made(m_scratch.begun.groups, m_scratch.goneOn);
     Style style = made.from(m_node.m_style, m_node.m_childStyle, !m_index || m_index->isRegular());
     const WaitingRules* incoming = m_node.m_style.m_waiting.data();
+    if (style.m_waiting && style.m_waiting.data() != incoming && style.m_waiting != m_node.m_childStyle.m_waiting)
+        m_counts.statesHandedOn = quint64(style.m_waiting->ownSize());
     const bool hasBegunNothing = m_scratch.begun.groups.empty();
     const bool isMadeOfGroups = style.m_waiting.data() == incoming
                                     ? hasBegunNothing
@@ -201,6 +205,7 @@ void StylePass::matchRules() {
     m_scratch.found.reserve(m_index->offers().propertyCount());
     RuleIndex::Found& begun = m_scratch.begun;
     m_index->collect(m_node.cssType(), m_node.m_cssId.value(), m_node.cssClasses(), begun);
+    m_counts.compoundsTested += begun.starts.size();
     for (std::size_t i = 0; isNodeAlive() && i < begun.starts.size(); ++i)
         tryStart(*begun.starts[i]);
 }
@@ -221,6 +226,7 @@ void StylePass::matchWaiting() {
     if (!waiting)
         return;
     waiting->collect(m_node.matchKeys(), m_scratch.waiting);
+    m_counts.compoundsTested += m_scratch.waiting.size();
     for (std::size_t i = 0; isNodeAlive() && i < m_scratch.waiting.size(); ++i)
         tryWaiting(*m_scratch.waiting[i]);
 }
@@ -237,6 +243,7 @@ void StylePass::tryWaiting(const WaitingCompound& waiting) {
 }
 
 void StylePass::apply(const SimpleSelector& compound, const OfferRange& offers, int specificity) {
+    m_counts.declarationsOffered += quint64(offers.end() - offers.begin());
     for (const Offer& offered : offers) {
         int place = m_scratch.found.placeOf(offered.property);
         if (place < 0) {
@@ -285,6 +292,7 @@ void StylePass::applyHandedDown(const SimpleSelector& compound, const std::vecto
         return;
     }
     m_isPlain = false;
+    m_counts.declarationsOffered += declarations.size();
     for (const Declaration& declaration : declarations) {
         if (!isNodeAlive())
             return;
@@ -365,6 +373,7 @@ void StylePass::write(const AppliedValues::Value& winner) {
     if (winner.isShorthand || !winner.attribute)
         return;
     const bool important = winner.claim.isImportant();
+    ++m_counts.attributesWritten;
     if (!m_node.setAttributeValue(*winner.attribute, *winner.value,
                                   important ? Attribute::ImportantStyleLayer : Attribute::StyleLayer)) {
         m_isPlain = false;

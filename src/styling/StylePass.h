@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Brisko/StyleStatistics.h"
 #include "Brisko/Styleable.h"
 #include "model/RuleIndex.h"
 #include "styling/AppliedValues.h"
@@ -25,7 +26,7 @@ public:
     /// @return false where a listener deleted the node
     bool run();
     /// The style for the children, after the run.
-    Style childStyle() const;
+    Style childStyle();
 
     /// Looks whether rules and identity come to the same with @p style, which the node has not got yet, as they did in
     /// its last pass. Then the next one takes the winners of that, and leaves the uses of pseudo-classes as they are.
@@ -77,6 +78,7 @@ private:
     int m_written = 0;      // properties that the pass has written
     int m_lastWritten = -1; // place of the last one among those applied
     bool m_isPlain = true;  // nothing happened but that whole values of the sheet were written, in their order
+    StyleStatistics::Counts m_counts; // of this pass
 };
 
 } // namespace Brisko

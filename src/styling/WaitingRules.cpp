@@ -54,6 +54,13 @@ StateList& WaitingRules::flat() const {
     return *made; // of two threads that came at once, the first one's
 }
 
+std::size_t WaitingRules::ownSize() const {
+    std::size_t size = 0;
+    for (const WaitingGroup* group : m_groups)
+        size += group->compounds().size();
+    return size;
+}
+
 bool WaitingRules::goesOnWhole() const {
     return !m_isMadeByHand && std::all_of(m_groups.begin(), m_groups.end(),
                                           [](const WaitingGroup* group) { return group->goesOnWhole(); });

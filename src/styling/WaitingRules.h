@@ -57,6 +57,8 @@ public:
     bool isRegular() const { return m_isRegular; }
     /// Whether no state ends at the node that holds this, so that its children may share the list.
     bool goesOnWhole() const;
+    /// Number of states that this has in front of the list that it was made with, or of all if there is none.
+    std::size_t ownSize() const;
     /// Number of lists behind one another.
     int length() const { return m_length; }
 
