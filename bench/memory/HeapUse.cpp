@@ -16,11 +16,13 @@ namespace {
 
 bool isCounting = false;
 long bytesInUse = 0;
+long bytesAllocated = 0;
 long allocationCount = 0;
 
 void* entered(void* block) {
     if (isCounting && block) {
         bytesInUse += long(malloc_usable_size(block));
+        bytesAllocated += long(malloc_usable_size(block));
         ++allocationCount;
     }
     return block;
@@ -59,6 +61,7 @@ namespace Bench {
 
 HeapUse::HeapUse() {
     bytesInUse = 0;
+    bytesAllocated = 0;
     allocationCount = 0;
     isCounting = true;
 }
@@ -69,6 +72,10 @@ HeapUse::~HeapUse() {
 
 long HeapUse::bytes() const {
     return bytesInUse;
+}
+
+long HeapUse::allocatedBytes() const {
+    return bytesAllocated;
 }
 
 long HeapUse::allocations() const {

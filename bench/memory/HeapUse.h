@@ -12,6 +12,8 @@ public:
 
     /// Bytes that are in use now beyond those at the start, as the allocator rounds them.
     long bytes() const;
+    /// Bytes that were allocated since the start, those included that are free again.
+    long allocatedBytes() const;
     /// Number of allocations since the start.
     long allocations() const;
 };
