@@ -20,3 +20,10 @@ TEST(StringUtils, LeavesOtherTextsAlone) {
     EXPECT_EQ(StringUtils::demangle(""), "");
     EXPECT_EQ(StringUtils::demangle(nullptr), "");
 }
+
+TEST(StringUtils, KnowsEscapesThatTakeABlankAlong) {
+    for (const char* open : {"\\4", "a\\4f", "\\123456", "\\\\\\a"})
+        EXPECT_TRUE(StringUtils::endsInOpenEscape(open)) << open;
+    for (const char* closed : {"", "a", "4", "\\4 ", "\\g", "\\\\a", "\\1234567", "\\4-"})
+        EXPECT_FALSE(StringUtils::endsInOpenEscape(closed)) << closed;
+}

@@ -138,6 +138,7 @@ TEST(StyleValueStream, WrittenTextReadsBackAsTheSameValue) {
         "calc(2 * (3 * 4))",
         "calc(5%)",
         "a b, c / d e, 10px",
+        "a\\4/**/ b\\4/**/ \"c\" d\\4, e\\4/**/ / f",
     };
     for (const char* text : texts) {
         const StyleValue value = fromStream(text);
