@@ -147,6 +147,19 @@ TEST(StyleValueStream, WrittenTextReadsBackAsTheSameValue) {
     }
 }
 
+TEST(StyleValueStream, ColoursWithChannelsBeyondAllReadBack) {
+    const TraceGuard trace;
+    const std::string huge = "1" + std::string(60, '0') + ".0";
+    for (const std::string& text :
+         {"rgba_pma(" + huge + ", 2, 3, " + huge + ")", "rgba_pma(1, -" + huge + ", 3, 0.5)",
+          "rgba(-" + huge + ", 1, 2, 1)", "rgba(12.5%, " + huge + ", 1%, -" + huge + ")",
+          "rgba(" + huge + "deg, 0.3, 7, 1)", "rgba(1%, " + huge + "deg, 7%, 1)", "hsl(" + huge + ", 2%, 3%)"}) {
+        const StyleValue value = fromStream(text);
+        ASSERT_EQ(value.size(), 1) << text;
+        EXPECT_EQ(fromStream(written(value)), value) << text << " written as " << written(value);
+    }
+}
+
 TEST(StyleValueStream, CalculationsWithNumbersBeyondAllReadBack) {
     const TraceGuard trace;
     const std::string huge = "1" + std::string(60, '0') + ".0";

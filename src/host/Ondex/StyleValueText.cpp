@@ -5,6 +5,7 @@
 #include <QDebug>
 
 #include <algorithm>
+#include <cmath>
 #include <ostream>
 
 namespace Ondex {
@@ -48,17 +49,31 @@ QString functionText(const char* name, const QByteArray (&arguments)[4]) {
     return QString::fromLatin1(text + ')');
 }
 
-/// Channels go to 255, or are percentages where one of them is no whole number on that scale.
+using NumberWriter = QByteArray (*)(float);
+
+/// Numbers by @p write where they are finite, otherwise in a form that reads back as such.
+template <NumberWriter write>
+QByteArray anyNumber(float value) {
+    return std::isfinite(value) ? write(value) : NumberText::notFinite(value);
+}
+
+QByteArray anyPercentage(float fraction) {
+    return std::isinf(fraction) ? NumberText::notFinite(fraction) + '%' : anyNumber<NumberText::percentage>(fraction);
+}
+
+/// Channels go to 255, or are percentages where one of them is no whole number on that scale. The first one decides for
+/// all, and there is no percentage that is not-a-number.
 QString colorText(const float* channels) {
-    const bool isWhole = std::all_of(channels, channels + 3, NumberText::isWholeChannel);
-    const auto text = isWhole ? NumberText::channel : NumberText::percentage;
-    return functionText("rgba",
-                        {text(channels[0]), text(channels[1]), text(channels[2]), NumberText::number(channels[3])});
+    const bool isWhole = std::all_of(channels, channels + 3, NumberText::isWholeChannel) || std::isnan(channels[0]);
+    const NumberWriter text = isWhole ? anyNumber<NumberText::channel> : anyPercentage;
+    return functionText(
+        "rgba", {text(channels[0]), text(channels[1]), text(channels[2]), anyNumber<NumberText::number>(channels[3])});
 }
 
 QString colorTextPMA(const float* channels) {
-    return functionText("rgba_pma", {NumberText::channel(channels[0]), NumberText::channel(channels[1]),
-                                     NumberText::channel(channels[2]), NumberText::number(channels[3])});
+    const NumberWriter text = anyNumber<NumberText::channel>;
+    return functionText("rgba_pma", {text(channels[0]), text(channels[1]), text(channels[2]),
+                                     anyNumber<NumberText::number>(channels[3])});
 }
 
 } // namespace
