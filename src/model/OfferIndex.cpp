@@ -37,10 +37,7 @@ OfferIndex::OfferIndex(const std::vector<Rule>& rules) {
     }
 }
 
-const Offer* OfferIndex::find(int id) const {
-    const auto place = std::size_t(id);
-    if (m_areInOrder && place < m_offers.size() && m_offers[place].id == id) // in a parsed sheet there are no gaps
-        return &m_offers[place];
+const Offer* OfferIndex::search(int id) const {
     const auto found = std::lower_bound(m_offers.begin(), m_offers.end(), id,
                                         [](const Offer& offer, int wanted) { return offer.id < wanted; });
     return m_areInOrder && found != m_offers.end() && found->id == id ? &*found : nullptr;

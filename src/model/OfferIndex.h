@@ -36,13 +36,19 @@ public:
     /// The offers of a rule's declarations, which are told by their address; empty for those of no rule.
     OfferRange of(const Rule::Declarations& declarations) const { return m_ranges.value(&declarations); }
     /// The declaration of that number; null where there is none, or where the numbers do not grow from rule to rule.
-    const Offer* find(int id) const;
+    const Offer* find(int id) const {
+        const auto place = std::size_t(id);
+        const bool isDense = m_areInOrder && place < m_offers.size() && m_offers[place].id == id;
+        return isDense ? &m_offers[place] : search(id); // in a parsed sheet there are no gaps
+    }
     /// The properties are numbered from 0.
     int propertyCount() const { return int(m_properties.size()); }
     /// The name of a property, interned.
     const QByteArray& property(unsigned number) const { return m_properties[number]; }
 
 private:
+    const Offer* search(int id) const;
+
     std::vector<Offer> m_offers;
     QHash<const Rule::Declarations*, OfferRange> m_ranges;
     std::vector<QByteArray> m_properties; // by number

@@ -64,6 +64,11 @@ public:
             return place;
         if (!name)
             name = &m_names.emplace_back(attribute->name());
+        return add(attribute, name);
+    }
+
+    /// Adds an attribute that has no place yet. @param name  is kept by somebody else until clear() @return its place
+    int add(Ondex::Attribute* attribute, const QByteArray* name) {
         m_values.push_back({attribute, name, nullptr, {}, areValuesWhole(*attribute)});
         if (m_indexed > 0 || m_values.size() > longList)
             indexRest();
@@ -90,6 +95,9 @@ public:
         m_places.erase(attribute);
     }
 
+    // In the order of the places.
+    const Value* begin() const { return m_values.data(); }
+    const Value* end() const { return m_values.data() + m_values.size(); }
     Value& operator[](int place) { return m_values[std::size_t(place)]; }
     int size() const { return int(m_values.size()); }
     void clear() {

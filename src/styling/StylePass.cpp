@@ -6,11 +6,10 @@
 #include "model/Specificity.h"
 #include "styling/AppliedProperties.h"
 #include "styling/ChildStyle.h"
-#include "styling/PseudoClasses.h"
+#include "styling/StylePassScratch.h"
 #include "styling/WaitingRules.h"
 
 #include <algorithm>
-#include <deque>
 #include <typeinfo>
 
 namespace Brisko {
@@ -18,72 +17,13 @@ namespace Brisko {
 using Ondex::Attribute;
 using Ondex::StyleValue;
 
-namespace {
-
-using ShorthandParts = Gorvel::ArrayMap<Attribute*, StyleValue>;
-
-} // namespace
-
-/// A declaration whose attribute did not exist when it was met.
-struct StylePass::Deferred {
-    const SimpleSelector* compound;
-    const Declaration* declaration;
-    int specificity;
-};
-
-/// The lists of a pass. They are kept from pass to pass, one set for every pass that runs inside another.
-struct StylePass::Scratch {
-    RuleIndex::Found begun;
-    std::vector<const WaitingCompound*> waiting;
-    std::vector<ChildStyle::GoneOn> goneOn;
-    FoundProperties found;
-    AppliedValues applied;
-    ShorthandParts parts;          // of the shorthand that is offered now
-    std::deque<StyleValue> values; // of parts of shorthands that were offered
-    std::vector<Deferred> deferred;
-    std::vector<int> transitions; // places in applied of the longhands of the transition
-    std::vector<int> stale;       // places in the applied properties of the node
-
-    void clear() {
-        begun.starts.clear();
-        begun.groups.clear();
-        waiting.clear();
-        goneOn.clear();
-        found.clear();
-        applied.clear();
-        if (!values.empty())
-            values.clear();
-        deferred.clear();
-        transitions.clear();
-        stale.clear();
-    }
-
-    ShorthandParts& emptyParts() {
-        if (!parts.isEmpty())
-            parts.clear();
-        return parts;
-    }
-
-    static Scratch& lease() {
-        if (depth == pool.size())
-            pool.push_back(std::make_unique<Scratch>());
-        return *pool[depth++];
-    }
-    static void giveBack(Scratch& scratch) {
-        scratch.clear();
-        --depth;
-    }
-
-    static thread_local std::vector<std::unique_ptr<Scratch>> pool;
-    static thread_local std::size_t depth;
-};
-
 thread_local std::vector<std::unique_ptr<StylePass::Scratch>> StylePass::Scratch::pool;
 thread_local std::size_t StylePass::Scratch::depth = 0;
 
 StylePass::StylePass(Styleable& node)
     : m_node(node), m_watch(node), m_index(node.m_style.m_sheet ? &node.m_style.m_sheet->ruleIndex() : nullptr),
-      m_scratch(Scratch::lease()), m_newGeneration(node.m_applied ? node.m_applied->nextGeneration() : 1) {
+      m_scratch(Scratch::lease()), m_isFirst(!node.m_applied),
+      m_newGeneration(node.m_applied ? node.m_applied->nextGeneration() : 1) {
     node.m_pass = this;
 }
 
@@ -117,39 +57,8 @@ Style StylePass::childStyle() {
     const WaitingRules* incoming = m_node.m_style.m_waiting.data();
     if (style.m_waiting && style.m_waiting.data() != incoming && style.m_waiting != m_node.m_childStyle.m_waiting)
         m_counts.statesHandedOn = quint64(style.m_waiting->ownSize());
-    const bool hasBegunNothing = m_scratch.begun.groups.empty();
-    const bool isMadeOfGroups = style.m_waiting.data() == incoming
-                                    ? hasBegunNothing
-                                    : style.m_waiting && style.m_waiting->consistsOf(m_scratch.begun.groups, incoming);
-    if (m_node.m_applied && m_isPlain && isMadeOfGroups && m_scratch.goneOn.empty() && !m_node.m_askedStyle &&
-        m_node.m_cssId.value().isEmpty())
-        m_node.m_applied->setMatchedRules(m_index, hasBegunNothing);
+    noteMatches(style);
     return style;
-}
-
-bool StylePass::prepare(Styleable& node, const Style& style) {
-    const RuleIndex* matched = node.m_applied ? node.m_applied->matchedRules() : nullptr;
-    if (!matched)
-        return false;
-    const bool isSameSheet = style.m_sheet == node.m_style.m_sheet && matched == &style.m_sheet->ruleIndex();
-    // The id may have changed a moment ago, which the node has not been told yet.
-    if (isSameSheet && node.m_cssId.value().isEmpty() &&
-        WaitingRules::areAlike(node.m_style.m_waiting.data(), style.m_waiting.data(), node.matchKeys()))
-        return true;
-    forgetMatches(node);
-    return false;
-}
-
-void StylePass::forgetMatches(Styleable& node) {
-    if (node.m_applied)
-        node.m_applied->setMatchedRules(nullptr, false);
-    if (node.m_pass)
-        node.m_pass->m_isPlain = false;
-}
-
-void StylePass::keptChildStyle(Styleable& node, const Style& made) {
-    if (node.m_childStyle.m_waiting != made.m_waiting)
-        forgetMatches(node);
 }
 
 void StylePass::nodeGoes(Style&& style) {
@@ -160,43 +69,6 @@ void StylePass::forget(Attribute* attribute) {
     m_scratch.applied.forget(attribute);
     m_scratch.found.clear();
     m_isPlain = false;
-}
-
-/// Takes the winners of the last pass, where the rules would come to the same again.
-/// @return false where they have to be matched
-bool StylePass::recall() {
-    const AppliedProperties* properties = m_node.m_applied.get();
-    if (!properties || !properties->matchedRules())
-        return false;
-    for (int index = 0; index < properties->size(); ++index) {
-        if (properties->isCurrent((*properties)[index]) && !recallWinner(index)) {
-            giveUpRecall();
-            return false;
-        }
-    }
-    if (!properties->hasBegunNothing())
-        m_scratch.begun.groups = m_node.m_childStyle.m_waiting->groups();
-    return true;
-}
-
-void StylePass::giveUpRecall() {
-    m_scratch.applied.clear();
-    if (isNodeAlive() && m_node.m_pseudoClasses)
-        m_node.m_pseudoClasses->clearUses();
-}
-
-/// @return false where the attribute has gone or is no longer one that takes its values whole
-bool StylePass::recallWinner(int index) {
-    const AppliedProperties::Property& property = (*m_node.m_applied)[index];
-    const Offer* offered = m_index->offers().find(property.declaration);
-    if (!offered || !m_index->offers().property(offered->property).isSharedWith(property.name))
-        return false;
-    Attribute* attribute = m_node.attribute(property.name);
-    if (!isNodeAlive() || !attribute || !attribute->name().isSharedWith(property.name))
-        return false;
-    const int place = m_scratch.applied.placeOf(attribute, &property.name);
-    const Claim claim(0, offered->id, offered->isImportant);
-    return m_scratch.applied.take(place, offered->declaration->value(), claim).isWhole;
 }
 
 void StylePass::matchRules() {
@@ -266,14 +138,17 @@ int StylePass::findPlace(const Offer& offered) {
     if (!attribute)
         return makePlace(property);
     const bool isItsName = attribute->name().isSharedWith(property); // a node may answer one of another name
-    const int place = m_scratch.applied.placeOf(attribute, isItsName ? &property : nullptr);
     m_isPlain = m_isPlain && isItsName;
+    // As long as all attributes were found by their own names, one of another name is another one.
+    const int place = m_isPlain ? m_scratch.applied.add(attribute, &property)
+                                : m_scratch.applied.placeOf(attribute, isItsName ? &property : nullptr);
     m_scratch.found.enter(offered.property, place);
     return place;
 }
 
 /// The place of an attribute that the registry makes; -1 where it does not serve the property.
 int StylePass::makePlace(const QByteArray& property) {
+    m_isPlain = false;
     Attribute* made = LazyAttributeManager::create(&m_node, property);
     return made && isNodeAlive() ? m_scratch.applied.placeOf(made, nullptr) : -1;
 }
@@ -320,7 +195,7 @@ inline bool StylePass::offer(int place, const StyleValue& value, const Claim& cl
 void StylePass::split(int place) {
     m_isPlain = false;
     const AppliedValues::Value winner = m_scratch.applied[place];
-    ShorthandParts& parts = m_scratch.emptyParts();
+    Scratch::ShorthandParts& parts = m_scratch.emptyParts();
     if (!winner.attribute->handleShorthand(*winner.value, parts))
         return;
     m_scratch.applied[place].isShorthand = true;
@@ -336,19 +211,19 @@ void StylePass::writeWinners() {
     if (!isNodeAlive())
         return;
     std::vector<int>& transitions = m_scratch.transitions;
-    const int count = m_scratch.applied.size();
-    for (int place = 0; place < count; ++place) {
-        if (isOfTransition(m_scratch.applied[place]))
-            transitions.push_back(place);
+    for (const AppliedValues::Value& winner : m_scratch.applied) {
+        if (isOfTransition(winner))
+            transitions.push_back(int(&winner - m_scratch.applied.begin()));
     }
-    const bool isFirst = !m_node.m_applied;
-    if (!isFirst)
+    if (!m_isFirst)
         writeAll(transitions);
-    for (int place = 0; isNodeAlive() && place < count; ++place) {
-        if (transitions.empty() || !isOfTransition(m_scratch.applied[place]))
-            write(m_scratch.applied[place]);
+    for (const AppliedValues::Value& winner : m_scratch.applied) {
+        if (!isNodeAlive())
+            return;
+        if (transitions.empty() || !isOfTransition(winner))
+            write(winner);
     }
-    if (isFirst)
+    if (m_isFirst)
         writeAll(transitions);
 }
 
@@ -384,7 +259,8 @@ void StylePass::write(const AppliedValues::Value& winner) {
     if (!m_node.m_applied)
         m_node.m_applied = std::make_unique<AppliedProperties>();
     AppliedProperties& properties = *m_node.m_applied;
-    int index = properties.indexOf(*winner.name, m_lastWritten + 1); // mostly in their order
+    const bool isNew = m_isFirst && m_isPlain; // as each attribute is written once then
+    int index = isNew ? -1 : properties.indexOf(*winner.name, m_lastWritten + 1); // mostly in their order
     if (index < 0) {
         index = properties.add(*winner.name);
     } else if (properties[index].isImportant() != important) {

@@ -45,6 +45,7 @@ private:
     struct Scratch;
     struct Deferred;
 
+    void noteMatches(const Style& made);
     bool recall();
     bool recallWinner(int index);
     void giveUpRecall();
@@ -74,6 +75,7 @@ private:
     const RuleIndex* m_index; // of the sheet; null where there is none
     Style m_styleOfLostNode;  // keeps the sheet where the node goes
     Scratch& m_scratch;
+    bool m_isFirst; // that writes on the node
     unsigned m_newGeneration;
     int m_written = 0;      // properties that the pass has written
     int m_lastWritten = -1; // place of the last one among those applied

@@ -113,15 +113,16 @@ Vector vectorOf(const StyleValue& value) {
 }
 
 bool setSingle(Attribute& attribute, const StyleValue& value, Attribute::Layer layer) {
-    switch (value.type(0)) {
+    const StyleValue::Component& single = value[0];
+    switch (single.type()) {
     case StyleValue::TYPE_INT:
-        return attribute.set(value.asInt(0), layer, value.unit(0));
+        return attribute.set(single.asInt(), layer, single.unit());
     case StyleValue::TYPE_FLOAT:
-        return attribute.set(value.asFloat(0), layer, value.unit(0));
+        return attribute.set(single.asFloat(), layer, single.unit());
     case StyleValue::TYPE_STRING:
-        return attribute.set(value.asString(0), layer, Attribute::VU_UNKNOWN);
+        return attribute.set(single.asString(), layer, Attribute::VU_UNKNOWN);
     case StyleValue::TYPE_EXPR: {
-        const Ondex::SimpleExpression expression = value.asExpr(0);
+        const Ondex::SimpleExpression expression = single.asExpr();
         return expression.isConstant() && attribute.set(expression.evaluate(nullptr, 0), layer, Attribute::VU_UNKNOWN);
     }
     default:

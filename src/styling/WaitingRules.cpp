@@ -85,6 +85,8 @@ void WaitingRules::collect(const KeySet& keys, std::vector<const WaitingCompound
     for (const WaitingRules* list = this; list; list = list->m_rest.data()) {
         const auto held = std::ptrdiff_t(found.size());
         for (const WaitingGroup* group : list->m_groups) {
+            if (!group->mayMatch(keys))
+                continue;
             const std::size_t before = found.size();
             group->collect(keys, list == this, found);
             if (found.size() > before && isFurtherUp(group, list))

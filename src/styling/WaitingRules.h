@@ -66,8 +66,8 @@ public:
     void collect(const KeySet& keys, std::vector<const WaitingCompound*>& found) const;
     /// Whether this has these groups before that very rest.
     bool consistsOf(const Groups& groups, const WaitingRules* rest) const;
-    /// The groups before the rest.
-    Groups groups() const { return {m_groups.begin(), m_groups.end()}; }
+    /// Puts the groups before the rest into @p groups.
+    void copyGroups(Groups& groups) const { groups.assign(m_groups.begin(), m_groups.end()); }
     /// Whether a node with these keys finds the same in both, as far as it can be told by groups; null is an empty
     /// list.
     static bool areAlike(const WaitingRules* a, const WaitingRules* b, const KeySet& keys);

@@ -56,6 +56,16 @@ TEST_F(RepeatedPass, AsksAnAttributeOfAnotherClassThatTookThePlace) {
     EXPECT_EQ(textOf(node, "width"), "1");
 }
 
+TEST_F(RepeatedPass, TriesAgainWhatWasRefused) {
+    styleWith(node, "a { width: 5px; height: 2px }");
+    delete width;
+    new Ondex::AttributeT<bool>(&node, "width");
+    for (int i = 0; i < 3; ++i) {
+        node.updateStyle();
+        EXPECT_EQ(trace.takeErrors().size(), 1u);
+    }
+}
+
 TEST_F(RepeatedPass, ReportsAnAttributeThatHasGone) {
     styleWith(node, "a { width: 1px; height: 2px }");
     delete width;
