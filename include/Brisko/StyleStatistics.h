@@ -26,12 +26,14 @@ public:
     /// takes two.
     quint64 passes() const { return m_counts.passes; }
     /// Compounds of selectors that passes looked at one by one: those that the id, the classes or the type of the node
-    /// bring, out of the sheet and out of what waits. Where the look-up decides a whole rule, nothing is looked at.
+    /// bring, out of the sheet and out of what waits. Where the look-up decides a whole rule, nothing is looked at, and
+    /// neither where a pass takes the winners of the last one again, as it does when it would match the same.
     quint64 compoundsTested() const { return m_counts.compoundsTested; }
     /// Partly matched rules that passes entered into lists for the children. What a node hands on as it was handed it,
     /// or as it handed it on before, is shared and does not count.
     quint64 statesHandedOn() const { return m_counts.statesHandedOn; }
-    /// Declarations of rules that matched, each once for every pass and match. The parts of shorthands do not count.
+    /// Declarations of rules that matched, each once for every pass and match. The parts of shorthands do not count,
+    /// nor do winners of the last pass that are taken again.
     quint64 declarationsOffered() const { return m_counts.declarationsOffered; }
     /// Values that won their property and were given to Styleable::setAttributeValue(), those included that are the
     /// same as before or are refused.
