@@ -68,6 +68,11 @@ TEST(JsonWriter, TextsAreEscapedAndValid) {
                                                                     "a\xef\xbf\xbd\"");
 }
 
+TEST(JsonWriter, WhatATerminalMayObeyIsEscaped) {
+    EXPECT_EQ(textOf(QString::fromUtf8("\x1b[1m \x7f \xc2\x9b \xe2\x80\xae \xe2\x81\xa6")),
+              R"("\u001b[1m \u007f \u009b \u202e \u2066")");
+}
+
 TEST(JsonWriter, BytesBehindANulAreWritten) {
     std::ostringstream out;
     JsonWriter json(out);

@@ -72,6 +72,22 @@ TEST(Trace, DefaultSinkWritesLinesToStderr) {
     Trace::setSink(outer);
 }
 
+TEST(Trace, DefaultSinkShowsControlCharactersAsEscapes) {
+    const Trace::Sink outer = Trace::setSink(Trace::Sink());
+    testing::internal::CaptureStderr();
+    Trace::error("CSSParser::lex # Bad string '%s'", "\x1b]0;title\x07\nb \xc2\x9b"
+                                                     "2J \xe2\x80\xae \xc3\xa9");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "CSSParser::lex # Bad string '\\x1b]0;title\\x07\\nb \\u009b2J \\u202e \xc3\xa9'\n");
+    Trace::setSink(outer);
+}
+
+TEST(Trace, SinksGetControlCharactersAsTheyAre) {
+    TraceGuard trace;
+    Trace::error("%s", "\x1b[31m\n");
+    EXPECT_EQ(trace.takeErrors(), Texts{"\x1b[31m\n"});
+}
+
 TEST(Trace, MessagesOfASinkGoToTheDefaultOne) {
     int calls = 0;
     const Trace::Sink outer = Trace::setSink([&](Trace::Level, const QByteArray& message) {

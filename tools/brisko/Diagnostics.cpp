@@ -1,9 +1,12 @@
 #include "Diagnostics.h"
 
+#include "Gorvel/StringUtils.h"
+
 #include <ostream>
 
 namespace Command {
 
+using Gorvel::StringUtils;
 using Gorvel::Trace;
 
 namespace {
@@ -78,26 +81,10 @@ const char* levelName(Trace::Level level) {
     }
 }
 
-QByteArray printable(const QByteArray& text) {
-    QByteArray result;
-    result.reserve(text.size());
-    for (const char c : text) {
-        const auto code = static_cast<unsigned char>(c);
-        if (c == '\n')
-            result += "\\n";
-        else if (c == '\t')
-            result += "\\t";
-        else if (code < 0x20 || code == 0x7f)
-            result += "\\x" + QByteArray(1, c).toHex();
-        else
-            result += c;
-    }
-    return result;
-}
-
 QByteArray diagnosticLine(const Message& message) {
     const Parts parts = split(message);
-    return printable(parts.place) + ": " + levelName(message.level) + ": " + printable(parts.text);
+    return StringUtils::printable(parts.place) + ": " + levelName(message.level) + ": " +
+           StringUtils::printable(parts.text);
 }
 
 void printDiagnostics(std::ostream& out, const std::vector<Message>& messages, bool colors) {
@@ -107,8 +94,8 @@ void printDiagnostics(std::ostream& out, const std::vector<Message>& messages, b
             continue;
         }
         const Parts parts = split(message);
-        out << bold << printable(parts.place).constData() << ": " << levelColor(message.level)
-            << levelName(message.level) << ": " << plain << printable(parts.text).constData() << '\n';
+        out << bold << StringUtils::printable(parts.place).constData() << ": " << levelColor(message.level)
+            << levelName(message.level) << ": " << plain << StringUtils::printable(parts.text).constData() << '\n';
     }
 }
 

@@ -13,9 +13,6 @@ QByteArray diagnosticLine(const Message& message);
 /// Writes the messages, a line each.
 void printDiagnostics(std::ostream& out, const std::vector<Message>& messages, bool colors);
 
-/// @p text with control characters written as escapes such as \n and \x1b.
-QByteArray printable(const QByteArray& text);
-
 /// "error", "warning" or "debug".
 const char* levelName(Gorvel::Trace::Level level);
 

@@ -1,5 +1,7 @@
 #include "JsonWriter.h"
 
+#include "Gorvel/StringUtils.h"
+
 #include <charconv>
 #include <cmath>
 #include <ostream>
@@ -43,14 +45,14 @@ void appendEscaped(QByteArray& bytes, ushort code) {
         bytes += "\\n";
         return;
     default:
-        bytes += "\\u00";
-        bytes += hex[code >> 4];
-        bytes += hex[code & 15];
+        bytes += "\\u";
+        for (int shift = 12; shift >= 0; shift -= 4)
+            bytes += hex[(code >> shift) & 15];
     }
 }
 
 bool needsEscape(ushort code) {
-    return code < 0x20 || code == '"' || code == '\\' || code == 0x7f;
+    return code == '"' || code == '\\' || Gorvel::StringUtils::isControl(code);
 }
 
 } // namespace

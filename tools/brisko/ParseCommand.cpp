@@ -1,10 +1,13 @@
 #include "Commands.h"
 #include "CssText.h"
+#include "Gorvel/StringUtils.h"
 #include "SheetLoader.h"
 #include "SheetText.h"
 #include "ValueJson.h"
 
 #include <ostream>
+#include <sstream>
+#include <string>
 
 namespace Command {
 
@@ -36,12 +39,22 @@ void writeSheet(JsonWriter& json, CSSParser::ParseError result, const SheetLoade
     json.endArray();
 }
 
-/// Writes a document that has the messages last, or the messages and the text.
+/// Writes a text to a terminal, which must not take any of it for orders.
+void writePrintable(std::ostream& out, const std::string& text) {
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);)
+        out << Gorvel::StringUtils::printable(QByteArray::fromStdString(line)).constData() << '\n';
+}
+
+/// Writes a document that has the messages last, or the messages and the text. Elsewhere than on a terminal the text
+/// keeps its bytes, so that it can be read back.
 template <typename WriteJson, typename WriteText>
 void print(const Options& options, Console& console, const MessageLog& log, WriteJson writeJson, WriteText writeText) {
     if (options.format == OutputFormat::Text) {
         reportMessages(options, console, log);
-        writeText(console.out);
+        std::ostringstream text;
+        writeText(console.outIsTerminal ? text : console.out);
+        writePrintable(console.out, text.str());
         return;
     }
     JsonWriter json(console.out);

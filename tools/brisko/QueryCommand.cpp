@@ -1,5 +1,6 @@
 #include "Changes.h"
 #include "Commands.h"
+#include "Gorvel/StringUtils.h"
 #include "SceneWalk.h"
 #include "SelectorMatcher.h"
 #include "StyledScene.h"
@@ -8,6 +9,8 @@
 #include <ostream>
 
 namespace Command {
+
+using Gorvel::StringUtils;
 
 namespace {
 
@@ -50,8 +53,9 @@ ExitCode runQuery(const Options& options, Console& console, MessageLog& log) {
     if (options.format == OutputFormat::Json)
         any = writeJson(console.out, scene, selectors, log);
     else
-        any = forEachPath(scene.root(), selectors,
-                          [&](const QByteArray& path) { console.out.write(path.constData(), path.size()).put('\n'); });
+        any = forEachPath(scene.root(), selectors, [&](const QByteArray& path) {
+            console.out << StringUtils::printable(path).constData() << '\n';
+        });
     return any ? Done : Unmet;
 }
 

@@ -1,6 +1,7 @@
 #include "CommandLine.h"
 #include "Commands.h"
 #include "Diagnostics.h"
+#include "Gorvel/StringUtils.h"
 
 #include <new>
 #include <ostream>
@@ -66,7 +67,7 @@ int run(const std::vector<QByteArray>& arguments, Console& console) {
             throw Failure::because("the output cannot be written");
         return code;
     } catch (const Failure& failure) {
-        console.err << printable(failure.what()).constData() << std::endl;
+        console.err << Gorvel::StringUtils::printable(failure.what()).constData() << std::endl;
     } catch (const std::bad_alloc&) {
         console.err << "brisko: out of memory" << std::endl;
     }

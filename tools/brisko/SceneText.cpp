@@ -1,7 +1,7 @@
 #include "SceneText.h"
 
 #include "Brisko/CSSBoxModel.h"
-#include "Diagnostics.h"
+#include "Gorvel/StringUtils.h"
 #include "Ondex/AttributeTuple.h"
 #include "SceneWalk.h"
 
@@ -10,6 +10,7 @@
 namespace Command {
 
 using Brisko::Styleable;
+using Gorvel::StringUtils;
 using Ondex::Attribute;
 
 namespace {
@@ -33,12 +34,13 @@ const char* layerWord(const Attribute& attribute) {
 }
 
 QByteArray valueText(const Attribute& attribute) {
-    return printable(attribute.asString(nullptr, Attribute::EffectiveLayer).toUtf8());
+    return StringUtils::printable(attribute.asString(nullptr, Attribute::EffectiveLayer).toUtf8());
 }
 
 void writeAttribute(std::ostream& out, const Styleable& node, const Attribute& attribute, const Paint& paint) {
-    const QByteArray left = "    " + printable(attribute.name()) + ": " + valueText(attribute) + layerWord(attribute);
-    const QByteArray source = printable(node.attributeSource(attribute.name()).toUtf8());
+    const QByteArray left =
+        "    " + StringUtils::printable(attribute.name()) + ": " + valueText(attribute) + layerWord(attribute);
+    const QByteArray source = StringUtils::printable(node.attributeSource(attribute.name()).toUtf8());
     if (source.isEmpty()) {
         out << left.constData() << '\n';
         return;
@@ -96,7 +98,7 @@ bool standsInBoxes(const Attribute& attribute) {
 }
 
 void writeArmed(std::ostream& out, const Attribute& attribute) {
-    out << "    ~ " << printable(attribute.name()).constData() << " runs "
+    out << "    ~ " << StringUtils::printable(attribute.name()).constData() << " runs "
         << shortestNumber(attribute.transitionDuration()).constData() << "s after "
         << shortestNumber(attribute.transitionDelay()).constData() << "s\n";
 }
@@ -107,8 +109,8 @@ void writeSceneText(std::ostream& out, Styleable& root, Listed listed, bool colo
     const Paint paint = colors ? Paint{"\x1b[1m", "\x1b[36m", "\x1b[0m"} : Paint{};
     for (SceneWalk walk(root); walk.isValid(); walk.next()) {
         const Styleable& node = walk.node();
-        out << paint.path << printable(walk.path()).constData() << paint.plain << "  "
-            << printable(node.simpleSelector(true).toUtf8()).constData() << '\n';
+        out << paint.path << StringUtils::printable(walk.path()).constData() << paint.plain << "  "
+            << StringUtils::printable(node.simpleSelector(true).toUtf8()).constData() << '\n';
         writeBoxes(out, node);
         for (const Attribute* attribute : listedAttributes(node, listed)) {
             if (listed == Listed::All || !(standsInIdentity(node, *attribute) || standsInBoxes(*attribute)))

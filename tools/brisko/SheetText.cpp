@@ -1,6 +1,7 @@
 #include "SheetText.h"
 
 #include "CssText.h"
+#include "Gorvel/StringUtils.h"
 
 #include <ostream>
 
@@ -12,7 +13,7 @@ using Brisko::Rule;
 namespace {
 
 QByteArray comment(const QString& text) {
-    return "/* " + text.toUtf8().replace("*/", "* /") + " */";
+    return "/* " + Gorvel::StringUtils::printable(text.toUtf8()).replace("*/", "* /") + " */";
 }
 
 /// The declarations of a list of selectors are copies with the same numbers.

@@ -16,6 +16,14 @@ public:
     /// Whether a CSS identifier ends in a hexadecimal escape that takes a blank behind it along (CSS 2.1
     /// section 4.1.3).
     static bool endsInOpenEscape(const QByteArray& identifier);
+
+    /// Whether a terminal may take a character for something other than text: controls (C0, DEL and C1), the marks that
+    /// change the direction of writing, and the separators of lines and paragraphs.
+    static bool isControl(char32_t character);
+
+    /// Turns UTF-8 text into one line that is safe to show. Characters of isControl() become escapes such as \n, \x1b
+    /// and \u202e, bytes that are no UTF-8 \x9b; everything else stays as it is.
+    static QByteArray printable(const QByteArray& text);
 };
 
 } // namespace Gorvel

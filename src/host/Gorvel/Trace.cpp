@@ -1,5 +1,7 @@
 #include "Gorvel/Trace.h"
 
+#include "Gorvel/StringUtils.h"
+
 #include <QScopedValueRollback>
 
 #include <atomic>
@@ -45,7 +47,7 @@ QByteArray formatted(const char* format, va_list arguments) {
 }
 
 void writeToStderr(const QByteArray& message) {
-    const QByteArray line = message + '\n';
+    const QByteArray line = StringUtils::printable(message) + '\n';
     std::fwrite(line.constData(), 1, static_cast<std::size_t>(line.size()), stderr);
 }
 

@@ -19,7 +19,9 @@ namespace Gorvel {
 ///     Gorvel::Trace::setSink([](Gorvel::Trace::Level level, const QByteArray& message) { log(level, message); });
 ///     Gorvel::Trace::warning("Unsupported value for %s: %s", name.constData(), text.constData());
 ///
-/// May be used from any thread. Messages have no limit of length and no newline at their end.
+/// May be used from any thread. Messages have no limit of length and no newline at their end. They quote sheets,
+/// documents and paths as they are, control characters too: a sink that shows them to a person passes them through
+/// StringUtils::printable(), as the default sink does.
 class BRISKO_HOST_EXPORT Trace {
 public:
     /// How much a message matters, least first.
@@ -36,7 +38,8 @@ public:
     /// Sends a message only while debug messages are enabled; otherwise nothing is formatted.
     static void debug(const char* format, ...) GORVEL_PRINTF_FORMAT;
 
-    /// Replaces the sink. An empty one restores the default, which writes the messages to stderr, a line each.
+    /// Replaces the sink. An empty one restores the default, which writes the messages to stderr, a printable line
+    /// each.
     /// @return the sink so far, empty where that was the default
     static Sink setSink(Sink sink);
 
