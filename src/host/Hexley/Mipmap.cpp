@@ -1,18 +1,22 @@
 #include "Hexley/Mipmap.h"
 
+#include "Gorvel/RegularFile_p.h"
 #include "Gorvel/Trace.h"
 #include "Hexley/ImageEnd_p.h"
 
 #include <QBuffer>
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QHash>
 #include <QImageReader>
 #include <QMutex>
 #include <QSet>
 
+#include <string>
+
 namespace Hexley {
+
+using Gorvel::RegularFile;
 
 namespace {
 
@@ -46,12 +50,20 @@ Loaded read(QByteArray bytes) {
 Loaded readFile(const QString& name) {
     if (!QFileInfo(name).isFile())
         return fault(QStringLiteral("File not found"));
-    QFile file(name);
-    if (!file.open(QIODevice::ReadOnly))
-        return fault(file.errorString());
+    RegularFile file(name);
+    if (!file.isOpen())
+        return fault(QStringLiteral("The file cannot be opened"));
     if (file.size() > Mipmap::largestImage)
         return fault(QStringLiteral("The file is too large"));
-    return read(file.readAll());
+    std::string bytes;
+    switch (file.read(bytes)) {
+    case RegularFile::Result::Whole:
+        return read(QByteArray::fromRawData(bytes.data(), int(bytes.size())));
+    case RegularFile::Result::Changed:
+        return fault(QStringLiteral("The file changed while it was read"));
+    default:
+        return fault(QStringLiteral("The file cannot be read"));
+    }
 }
 
 /// The bytes of a "data:" URL (RFC 2397).
