@@ -11,6 +11,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 
 namespace Brisko {
@@ -28,13 +29,15 @@ class ParserDriver;
 ///
 /// A parser may be used again and again, by one thread at a time. It never throws and never prints: what is wrong with
 /// a text goes to Gorvel::Trace, and reading goes on behind it where that is possible. Nesting is limited by a grammar
-/// stack of 10000 entries, imports by 16 levels; a file that is imported while it is being read is not read again.
+/// stack of 10000 entries, imports by 16 levels and 1000 files; a file that is imported while it is being read is not
+/// read again. Only regular files are opened, at most 2 GiB of each; setImportFilter() decides which of those that a
+/// sheet names.
 class BRISKO_EXPORT CSSParser {
 public:
     /// How parseSheet() ended.
     enum ParseError {
         NoError = 0,    ///< the file was read; single mistakes in it may have been reported
-        OpenError = 1,  ///< the file is missing, unreadable or not a regular file
+        OpenError = 1,  ///< the file is missing, unreadable, too long or not a regular file
         SyntaxError = 2 ///< the grammar gave up before the end; what stood before is in the sheet
     };
 
@@ -63,6 +66,21 @@ public:
 
     /// Returns the medium, "screen" at start.
     const QString& media() const;
+
+    /// Says whether a file may be imported. It may be called on any level of imports, and must not use this parser.
+    using ImportFilter = std::function<bool(const QString& path)>;
+
+    /// Sets what decides about imports, before anything is opened. An import that is refused is reported with file and
+    /// line and left out, and the sheet goes on; so is one about which the filter throws. Sheets that the program
+    /// itself names, in parseSheet(), are not asked about.
+    ///
+    ///     parser.setImportFilter([](const QString& path) { return QFileInfo(path).canonicalPath() == "/srv/sheets";
+    ///     });
+    ///
+    /// @param filter  given the path that would be opened: an absolute one as written, a relative one behind the folder
+    ///                of the importing file, with neither ".." nor symbolic links resolved; an empty function lets
+    ///                every import pass, as at the start
+    void setImportFilter(ImportFilter filter);
 
     /// Reads a style sheet file and what it imports, and appends the rules to a sheet. Lines count from 1.
     /// @param sheet     receives the rules; not kept

@@ -2,6 +2,8 @@
 
 #include "parser/ParserDriver.h"
 
+#include <utility>
+
 namespace Brisko {
 
 using Ondex::StyleValue;
@@ -32,6 +34,10 @@ void CSSParser::setMedia(const QString& media) {
 
 const QString& CSSParser::media() const {
     return m_driver->media();
+}
+
+void CSSParser::setImportFilter(ImportFilter filter) {
+    m_driver->setImportFilter(std::move(filter));
 }
 
 CSSParser::ParseError CSSParser::parseSheet(StyleSheet& sheet, const QString& path, QStringList* fileList,

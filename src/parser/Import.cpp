@@ -3,6 +3,8 @@
 
 #include <QFileInfo>
 
+#include <utility>
+
 namespace Brisko {
 
 using Gorvel::Trace;
@@ -10,6 +12,7 @@ using Gorvel::Trace;
 namespace {
 
 constexpr int maximumImportDepth = 16;
+constexpr int maximumImports = 1000; // files that import each other several times would be read in powers of that
 
 QString directoryOf(const QString& fileName) {
     return fileName.isEmpty() ? QStringLiteral(".") : QFileInfo(fileName).path();
@@ -21,27 +24,63 @@ QString ParserDriver::canonicalPath(const QString& path) {
     return QFileInfo(path).canonicalFilePath();
 }
 
-// Only regular files are opened, so that a pipe or a terminal never holds a parse up.
-bool ParserDriver::mayOpen(const QString& path) const {
-    if (path.contains(QChar::Null) || !QFileInfo(path).isFile())
+void ParserDriver::setImportFilter(CSSParser::ImportFilter filter) {
+    m_importFilter = filter ? std::make_shared<const CSSParser::ImportFilter>(std::move(filter)) : nullptr;
+}
+
+bool ParserDriver::allowsImport(const QString& path) const {
+    const auto filter = m_importFilter; // kept should the filter replace itself
+    try {
+        return !filter || (*filter)(path);
+    } catch (...) {
         return false;
-    const QString canonical = m_importer ? canonicalPath(path) : QString();
-    int depth = 0;
-    for (const ParserDriver* importer = m_importer; importer; importer = importer->m_importer) {
-        if (++depth > maximumImportDepth || importer->m_canonicalPath == canonical)
-            return false;
     }
-    return true;
+}
+
+// The parser of the sheet that all these imports are for.
+ParserDriver* ParserDriver::outermost() {
+    ParserDriver* parser = this;
+    while (parser->m_importer)
+        parser = parser->m_importer;
+    return parser;
+}
+
+// What is wrong with importing a file from here; null where nothing is.
+const char* ParserDriver::faultOfImport(const QString& path) {
+    const QString canonical = canonicalPath(path);
+    int depth = 0;
+    if (outermost()->m_importCount >= maximumImports)
+        return "comes after 1000 others";
+    for (const ParserDriver* importer = this; importer; importer = importer->m_importer) {
+        if (++depth > maximumImportDepth)
+            return "is nested deeper than 16 levels";
+        if (!canonical.isEmpty() && importer->m_canonicalPath == canonical)
+            return "leads back to a file that is being read";
+    }
+    return nullptr;
 }
 
 void ParserDriver::import(const QString& path) {
     const QString resolved = QFileInfo(path).isRelative() ? directoryOf(m_fileName) + '/' + path : path;
-    ParserDriver nested;
-    nested.m_media = m_media;
-    nested.m_grammar = m_grammar;
-    nested.m_importer = this;
-    if (nested.parseSheet(*m_sheet, resolved, m_fileList, m_origin) == CSSParser::OpenError)
-        Trace::error("CSSParser::import # Failed @import %s", path.toUtf8().constData());
+    const QByteArray name = path.toUtf8();
+    if (!allowsImport(resolved)) {
+        error("@import of '" + name + "' is refused");
+        return;
+    }
+    bool isRead = false;
+    if (const char* fault = faultOfImport(resolved)) {
+        error("@import of '" + name + "' " + fault);
+    } else {
+        ++outermost()->m_importCount;
+        ParserDriver nested;
+        nested.m_media = m_media;
+        nested.m_importFilter = m_importFilter;
+        nested.m_grammar = m_grammar;
+        nested.m_importer = this;
+        isRead = nested.parseSheet(*m_sheet, resolved, m_fileList, m_origin) != CSSParser::OpenError;
+    }
+    if (!isRead)
+        Trace::error("CSSParser::import # Failed @import %s", name.constData());
 }
 
 void ParserDriver::importString(const TokenText& path, bool mediaMatch) {

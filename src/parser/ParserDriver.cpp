@@ -1,16 +1,17 @@
 #include "parser/ParserDriver.h"
 
 #include "Brisko/StyleSheet.h"
+#include "Gorvel/RegularFile_p.h"
 #include "Gorvel/Trace.h"
 #include "Grammar.h"
 #include "parser/Tokens.h"
 
-#include <QFile>
-
-#include <unistd.h>
+#include <string>
+#include <utility>
 
 namespace Brisko {
 
+using Gorvel::RegularFile;
 using Gorvel::Trace;
 using Ondex::StyleValue;
 
@@ -18,20 +19,26 @@ namespace {
 
 float defaultDotsPerInch = 40.053f;
 
-struct CloseStream {
-    void operator()(std::FILE* stream) const { std::fclose(stream); }
-};
-using Stream = std::unique_ptr<std::FILE, CloseStream>;
-
-// A stream of its own on an open file.
-Stream duplicate(int handle) {
-    const int copy = handle < 0 ? -1 : ::dup(handle);
-    if (copy < 0)
-        return nullptr;
-    Stream stream(::fdopen(copy, "r"));
-    if (!stream)
-        ::close(copy);
-    return stream;
+// Reads what is there of a sheet that was opened, and reports where that is not all. False for what cannot be a sheet.
+bool readSheet(RegularFile& file, const char* name, std::string& text) {
+    if (!file.hasHandle()) {
+        Trace::error("CSSParser::parseSheet # failed to open file handle '%s'", name);
+        return false;
+    }
+    switch (file.read(text)) {
+    case RegularFile::Result::Whole:
+        break;
+    case RegularFile::Result::Changed:
+        Trace::error("CSSParser::parseSheet # '%s' changed while it was read", name);
+        break;
+    case RegularFile::Result::Failed:
+        Trace::error("CSSParser::parseSheet # failed to read '%s' to its end", name);
+        break;
+    case RegularFile::Result::TooLong:
+        Trace::error("CSSParser::parseSheet # '%s' is longer than 2 GiB", name);
+        return false;
+    }
+    return true;
 }
 
 QString textFileName() {
@@ -60,21 +67,19 @@ CSSParser::ParseError ParserDriver::parseSheet(StyleSheet& sheet, const QString&
                                                SimpleSelector::Origin origin) {
     const QByteArray name = path.toUtf8();
     Trace::debug("CSSParser::parseSheet # (%p, %s)", static_cast<void*>(&sheet), name.constData());
-    QFile file(path);
-    if (!mayOpen(path) || !file.open(QIODevice::ReadOnly)) {
+    RegularFile file(path);
+    if (!file.isOpen()) {
         Trace::error("CSSParser::parseSheet # failed to open '%s'", name.constData());
         return CSSParser::OpenError;
     }
-    const Stream stream = duplicate(file.handle());
-    if (!stream) {
-        Trace::error("CSSParser::parseSheet # failed to open file handle '%s'", name.constData());
+    std::string text;
+    if (!readSheet(file, name.constData(), text))
         return CSSParser::OpenError;
-    }
     reset(&sheet, fileList, path, origin);
     m_canonicalPath = canonicalPath(path);
     if (fileList)
         fileList->append(path);
-    return runSheet(stream.get()) ? CSSParser::NoError : CSSParser::SyntaxError;
+    return runSheet(std::move(text)) ? CSSParser::NoError : CSSParser::SyntaxError;
 }
 
 bool ParserDriver::parseString(StyleSheet& sheet, const QByteArray& text, QStringList* fileList,
@@ -130,14 +135,15 @@ void ParserDriver::reset(StyleSheet* sheet, QStringList* fileList, const QString
     m_fileList = fileList;
     m_fileName = fileName;
     m_canonicalPath.clear();
+    m_importCount = 0;
     m_origin = origin;
     m_rules.clear();
 }
 
 // What was read before the grammar gave up counts.
 template <typename Source>
-bool ParserDriver::runSheet(const Source& source) {
-    if (run(CSS_PARSER, source))
+bool ParserDriver::runSheet(Source&& source) {
+    if (run(CSS_PARSER, std::forward<Source>(source)))
         return true;
     Trace::error("CSS Parse Error: On line %d", currentLine());
     closeBrokenRule();
@@ -145,8 +151,8 @@ bool ParserDriver::runSheet(const Source& source) {
 }
 
 template <typename Source>
-bool ParserDriver::run(int startToken, const Source& source) {
-    m_tokens.start(startToken, source, dpi());
+bool ParserDriver::run(int startToken, Source&& source) {
+    m_tokens.start(startToken, std::forward<Source>(source), dpi());
     const int result = m_grammar(*this);
     m_tokens.stop();
     m_names.clear();

@@ -35,6 +35,7 @@ public:
     static float defaultDpi();
     void setMedia(const QString& media) { m_media = media; }
     const QString& media() const { return m_media; }
+    void setImportFilter(CSSParser::ImportFilter filter);
     /// Replaces the grammar that the library uses.
     void setGrammar(Grammar grammar) { m_grammar = grammar; }
 
@@ -116,13 +117,15 @@ public:
 private:
     void reset(StyleSheet* sheet, QStringList* fileList, const QString& fileName, SimpleSelector::Origin origin);
     template <typename Source>
-    bool runSheet(const Source& source);
+    bool runSheet(Source&& source);
     bool runExpr(const QByteArray& text);
     template <typename Source>
-    bool run(int startToken, const Source& source);
+    bool run(int startToken, Source&& source);
 
     static QString canonicalPath(const QString& path);
-    bool mayOpen(const QString& path) const;
+    bool allowsImport(const QString& path) const;
+    ParserDriver* outermost();
+    const char* faultOfImport(const QString& path);
     void import(const QString& path);
 
     Ondex::StyleValue* parseFunction(const QString& name, Ondex::StyleValue* arguments);
@@ -139,10 +142,12 @@ private:
     Ondex::StyleValue m_expr;
     float m_dpi = 0;
     QString m_media = QStringLiteral("screen");
+    std::shared_ptr<const CSSParser::ImportFilter> m_importFilter; // shared with the parsers of imports; null for none
     QString m_fileName;
     QStringList* m_fileList = nullptr;
     StyleSheet* m_sheet = nullptr;
-    const ParserDriver* m_importer = nullptr;
+    ParserDriver* m_importer = nullptr;
+    int m_importCount = 0;   // on all levels, where this is the outermost parser
     QString m_canonicalPath; // of the file being parsed, otherwise empty
 };
 

@@ -3,8 +3,6 @@
 #include "Gorvel/Trace.h"
 #include "Scanner.h"
 
-#include <algorithm>
-#include <climits>
 #include <cstring>
 
 // The generated scanner, as Scanner.l declares it.
@@ -23,24 +21,8 @@ constexpr int byteOrderMarkSize = sizeof byteOrderMark - 1;
 // What the generated scanner wants to find behind the text.
 constexpr std::size_t endMarkSize = 2;
 
-// Its lengths are of this type.
-constexpr std::size_t maximumSize = INT_MAX - endMarkSize;
-
 // What a NUL byte is to the rules: a byte that they do not name.
 constexpr char zeroMask = '\x01';
-
-std::string readAll(std::FILE* file) {
-    std::string text;
-    std::size_t size = 0;
-    do {
-        text.resize(std::max<std::size_t>(2 * size, BUFSIZ));
-        size += std::fread(&text[size], 1, text.size() - size, file);
-    } while (size == text.size() && size <= maximumSize);
-    if (std::ferror(file) || size > maximumSize)
-        Trace::error("CSS parser: read failed");
-    text.resize(std::min(size, maximumSize));
-    return text;
-}
 
 } // namespace
 
@@ -54,7 +36,7 @@ RawScanner::RawScanner(int startToken, std::string text, int firstLine)
 RawScanner::RawScanner(int startToken, const QByteArray& bytes)
     : RawScanner(startToken, std::string(bytes.constData(), std::size_t(bytes.size())), 0) {}
 
-RawScanner::RawScanner(int startToken, std::FILE* file) : RawScanner(startToken, readAll(file), 1) {}
+RawScanner::RawScanner(int startToken, std::string&& text) : RawScanner(startToken, std::move(text), 1) {}
 
 RawScanner::~RawScanner() {
     if (m_scanner)

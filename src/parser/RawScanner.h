@@ -6,7 +6,6 @@
 
 #include <QByteArray>
 
-#include <cstdio>
 #include <string>
 #include <utility>
 
@@ -24,8 +23,8 @@ class BRISKO_EXPORT RawScanner {
 public:
     /// Scans a copy of some bytes, whose lines count from 0. The token @p startToken comes before the text.
     RawScanner(int startToken, const QByteArray& bytes);
-    /// Scans the rest of an open file, whose lines count from 1.
-    RawScanner(int startToken, std::FILE* file);
+    /// Scans the content of a file, whose lines count from 1; at most RegularFile::longest bytes.
+    RawScanner(int startToken, std::string&& text);
     ~RawScanner();
     RawScanner(const RawScanner&) = delete;
     RawScanner& operator=(const RawScanner&) = delete;

@@ -3,6 +3,7 @@
 #include "parser/RawScanner.h"
 
 #include <optional>
+#include <utility>
 
 namespace Brisko {
 
@@ -14,11 +15,11 @@ namespace Brisko {
 class BRISKO_EXPORT TokenFilter {
 public:
     /// Starts on a text with the token @p startToken before it.
-    /// @param source  a QByteArray or a FILE*, see RawScanner
+    /// @param source  a QByteArray or the std::string of a file, see RawScanner
     /// @param dpi     pixels of an inch
     template <typename Source>
-    void start(int startToken, const Source& source, float dpi) {
-        m_scanner.emplace(startToken, source);
+    void start(int startToken, Source&& source, float dpi) {
+        m_scanner.emplace(startToken, std::forward<Source>(source));
         m_place = m_scanner->place();
         m_dpi = dpi;
         m_previous = 0;

@@ -11,7 +11,12 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 
+#include <atomic>
 #include <cstdio>
+#include <thread>
+
+#include <fcntl.h>
+#include <sys/stat.h>
 
 #include <sys/resource.h>
 #include <unistd.h>
@@ -25,7 +30,6 @@ using Brisko::SimpleSelector;
 using Brisko::StyleSheet;
 using Strings = std::vector<std::string>;
 using testing::Contains;
-using testing::Not;
 
 constexpr SimpleSelector::Origin author = SimpleSelector::Origin(1);
 
@@ -131,6 +135,38 @@ TEST_F(CSSParserFiles, DeviceIsAnOpenError) {
     EXPECT_EQ(parser.parseSheet(sheet, "/dev/null", &files, author), CSSParser::OpenError);
     EXPECT_EQ(trace.takeErrors(), Strings{"CSSParser::parseSheet # failed to open '/dev/null'"});
     EXPECT_TRUE(files.isEmpty());
+}
+
+TEST_F(CSSParserFiles, PipeIsAnOpenErrorAndIsNotWaitedFor) {
+    ASSERT_EQ(::mkfifo(text("pipe").c_str(), 0600), 0);
+    EXPECT_EQ(parse("pipe"), CSSParser::OpenError);
+    EXPECT_EQ(trace.takeErrors(), Strings{"CSSParser::parseSheet # failed to open '" + text("pipe") + "'"});
+    write("main.css", "@import 'pipe'; a {x: 1}");
+    EXPECT_EQ(parse("main.css"), CSSParser::NoError);
+    EXPECT_EQ(trace.takeErrors().back(), "CSSParser::import # Failed @import pipe");
+    EXPECT_EQ(dumpSheet(sheet), "a {x: 1}");
+}
+
+TEST_F(CSSParserFiles, FileThatChangesMeanwhileIsReportedAndWhatWasReadCounts) {
+    // A thread that goes on touching the file does so sooner or later between its opening and its end.
+    const std::string file = write("main.css", "a {x: 1}").toStdString();
+    std::atomic<bool> goesOn{true};
+    std::thread writer([&file, &goesOn] {
+        for (time_t second = 1; goesOn; ++second) {
+            const timespec times[2] = {{second, 0}, {second, 0}};
+            ::utimensat(AT_FDCWD, file.c_str(), times, 0);
+        }
+    });
+    Strings errors;
+    for (int attempt = 0; errors.empty() && attempt < 100000; ++attempt) {
+        StyleSheet own;
+        EXPECT_EQ(parser.parseSheet(own, path("main.css"), nullptr, author), CSSParser::NoError);
+        EXPECT_EQ(dumpSheet(own), "a {x: 1}");
+        errors = trace.takeErrors();
+    }
+    goesOn = false;
+    writer.join();
+    EXPECT_EQ(errors, Strings{"CSSParser::parseSheet # '" + file + "' changed while it was read"});
 }
 
 TEST_F(CSSParserFiles, EmptyPathIsAnOpenError) {
@@ -338,7 +374,9 @@ TEST_F(CSSParserFiles, ImportOfTheFileItselfFails) {
     EXPECT_EQ(parse("main.css"), CSSParser::NoError);
     EXPECT_EQ(dumpSheet(sheet), "a {x: 1}");
     EXPECT_EQ(files.size(), 1);
-    EXPECT_EQ(trace.takeErrors().back(), "CSSParser::import # Failed @import main.css");
+    EXPECT_EQ(trace.takeErrors(), (Strings{text("main.css") + ":1: error: @import of 'main.css' leads back to a file "
+                                                              "that is being read",
+                                           "CSSParser::import # Failed @import main.css"}));
 }
 
 TEST_F(CSSParserFiles, ImportThatLeadsBackThroughOthersFails) {
@@ -378,8 +416,27 @@ TEST_F(CSSParserFiles, ImportsAreFollowedSixteenLevelsDown) {
     EXPECT_EQ(sheet.rules().size(), 17u);
     EXPECT_EQ(files.size(), 17);
     const Strings errors = trace.takeErrors();
-    EXPECT_EQ(errors.back(), "CSSParser::import # Failed @import s17.css");
-    EXPECT_THAT(errors, Not(Contains("CSSParser::import # Failed @import s16.css")));
+    EXPECT_EQ(errors, (Strings{text("s16.css") + ":1: error: @import of 's17.css' is nested deeper than 16 levels",
+                               "CSSParser::import # Failed @import s17.css"}));
+}
+
+TEST_F(CSSParserFiles, ImportsThatMultiplyStopAfterAThousand) {
+    constexpr int levels = 8; // each imports the next one ten times: a hundred million in all
+    for (int i = 0; i < levels; ++i) {
+        const QByteArray next = "@import 's" + QByteArray::number(i + 1) + ".css'; ";
+        write("s" + QString::number(i) + ".css", next.repeated(10) + "a {x: 1}");
+    }
+    write("s8.css", "b {y: 2}");
+    EXPECT_EQ(parse("s0.css"), CSSParser::NoError);
+    EXPECT_EQ(files.size(), 1001);
+    EXPECT_EQ(sheet.rules().size(), 1001u);
+    const Strings errors = trace.takeErrors();
+    ASSERT_GE(errors.size(), 2u);
+    EXPECT_EQ(errors[0].substr(errors[0].find(": error: @import")),
+              ": error: @import of 's8.css' comes after 1000 others");
+    files.clear();
+    parse("s7.css");
+    EXPECT_EQ(files.size(), 11); // the next sheet begins anew
 }
 
 TEST_F(CSSParserFiles, NoStreamCanBeMadeFromTheLastDescriptor) {

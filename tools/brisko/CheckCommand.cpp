@@ -1,6 +1,7 @@
 #include "Commands.h"
 #include "Diagnostics.h"
 #include "SheetLoader.h"
+#include "SourceFile.h"
 #include "ValueJson.h"
 
 #include <ostream>

@@ -103,6 +103,8 @@ const std::vector<OptionRow>& optionTable() {
         {"--media", "NAME", 1, AllCommands, "medium for @media and @import (default screen)",
          [](Options& options, const Arguments& a) { options.media = a[0]; }},
         {"--dpi", "N", 1, AllCommands, "dots per inch for in, cm, mm, pt and pc (default 40.053)", setDpi},
+        {"--import-root", "DIR", 1, AllCommands, "refuse imports of files outside of this folder",
+         [](Options& options, const Arguments& a) { options.importRoot = a[0]; }},
         {"--any-property", "", 0, SceneCommands | CheckCommand | ParseCommand,
          "keep every property that a sheet names, known or not",
          [](Options& options, const Arguments&) { options.anyProperty = true; }},

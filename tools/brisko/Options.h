@@ -33,6 +33,7 @@ struct Options {
     int origin = 1; ///< of the next sheet while the line is read, of the standard input afterwards
     QByteArray media = "screen";
     std::optional<float> dpi;
+    std::optional<QByteArray> importRoot; ///< folder that imports are held to
     OutputFormat format = OutputFormat::Text;
     ColorUse color = ColorUse::Auto;
     bool anyProperty = false;

@@ -3,6 +3,7 @@
 #include "Gorvel/StringUtils.h"
 #include "SheetLoader.h"
 #include "SheetText.h"
+#include "SourceFile.h"
 #include "ValueJson.h"
 
 #include <ostream>

@@ -5,9 +5,9 @@
 #include "Gorvel/Trace.h"
 #include "Ondex/ArchiveElement.h"
 #include "SceneAttributes.h"
-#include "SheetLoader.h"
+#include "SourceFile.h"
 
-#include <QFile>
+#include <QBuffer>
 
 namespace Command {
 
@@ -47,16 +47,15 @@ SceneReader::SceneReader(const QByteArray& path, const Properties& properties)
 SceneReader::~SceneReader() = default;
 
 std::unique_ptr<Styleable> SceneReader::read() {
-    QFile file(QFile::decodeName(m_path));
-    if (!file.open(QIODevice::ReadOnly))
-        throw unreadable(m_path);
-    m_xml.setDevice(&file);
+    const std::string text = readFile(m_path);
+    QByteArray bytes = QByteArray::fromRawData(text.data(), int(text.size()));
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadOnly);
+    m_xml.setDevice(&buffer);
     while (!m_xml.atEnd()) {
         m_xml.readNext();
         readToken();
     }
-    if (file.error() != QFileDevice::NoError)
-        throw unreadable(m_path);
     if (m_xml.hasError())
         fail(m_xml.errorString());
     return std::move(m_root);

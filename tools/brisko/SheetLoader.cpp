@@ -1,10 +1,12 @@
 #include "SheetLoader.h"
 
-#include <QFile>
-#include <QFileInfo>
+#include "ImportRoot.h"
+#include "SourceFile.h"
 
+#include <QFile>
+
+#include <array>
 #include <istream>
-#include <iterator>
 
 namespace Command {
 
@@ -13,26 +15,26 @@ using Brisko::SimpleSelector;
 
 namespace {
 
-const char* reasonFor(const QFileInfo& file) {
-    if (!file.exists())
-        return "no such file";
-    if (file.isDir())
-        return "is a directory";
-    if (!file.isFile())
-        return "not a regular file";
-    return file.isReadable() ? "cannot be opened" : "permission denied";
+/// What a stream holds up to its end. One that does not end is refused.
+QByteArray readAll(std::istream& in) {
+    QByteArray bytes;
+    std::array<char, 1 << 16> block;
+    while (in.read(block.data(), block.size()) || in.gcount() > 0) {
+        bytes.append(block.data(), int(in.gcount()));
+        if (bytes.size() > SheetLoader::LongestInput)
+            throw Failure::because("cannot read the standard input: longer than 256 MiB");
+    }
+    return bytes;
 }
 
 } // namespace
-
-Failure unreadable(const QByteArray& path) {
-    return Failure::because("cannot read '" + path + "': " + reasonFor(QFileInfo(QFile::decodeName(path))));
-}
 
 SheetLoader::SheetLoader(const Options& options, MessageLog& log)
     : m_log(log), m_sheet(std::make_shared<Brisko::StyleSheet>()) {
     m_parser.setMedia(QString::fromUtf8(options.media));
     m_parser.setDpi(options.dpi.value_or(0.f));
+    if (options.importRoot)
+        m_parser.setImportFilter(ImportRoot(*options.importRoot));
 }
 
 CSSParser::ParseError SheetLoader::load(const SheetArgument& argument) {
@@ -43,8 +45,7 @@ CSSParser::ParseError SheetLoader::load(const SheetArgument& argument) {
 
 bool SheetLoader::load(std::istream& in, int origin) {
     m_log.setSubject("<stdin>");
-    const std::string bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-    return m_parser.parseString(*m_sheet, QByteArray::fromStdString(bytes), &m_files, SimpleSelector::Origin(origin));
+    return m_parser.parseString(*m_sheet, readAll(in), &m_files, SimpleSelector::Origin(origin));
 }
 
 void SheetLoader::loadAll(const std::vector<SheetArgument>& arguments) {

@@ -13,11 +13,15 @@ namespace Command {
 /// Parses the sheets of a command line into one, in their order.
 class SheetLoader {
 public:
+    static constexpr int LongestInput = 256 << 20;
+
+    /// Throws Failure where the folder that imports are held to is none.
     SheetLoader(const Options& options, MessageLog& log);
 
     /// Parses a file. The result is that of the parser.
     Brisko::CSSParser::ParseError load(const SheetArgument& argument);
-    /// Parses the bytes of a stream up to its end. False where the parser gave up.
+    /// Parses the bytes of a stream up to its end. False where the parser gave up. Throws Failure where there are more
+    /// than LongestInput.
     bool load(std::istream& in, int origin);
     /// Parses all the files. Throws Failure at the first that cannot be read.
     void loadAll(const std::vector<SheetArgument>& arguments);
@@ -32,8 +36,5 @@ private:
     std::shared_ptr<Brisko::StyleSheet> m_sheet;
     QStringList m_files;
 };
-
-/// Why a file cannot be read, for the user.
-Failure unreadable(const QByteArray& path);
 
 } // namespace Command
