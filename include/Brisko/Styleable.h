@@ -131,7 +131,9 @@ private:
 
     void addChild(Styleable* child);
     void removeChild(Styleable* child);
+    struct ChildWalk;
     void styleChildren();
+    void visitChildren();
 
     QByteArray m_cssType; // interned
     Ondex::Watched<QString, Styleable> m_cssClass;
@@ -146,6 +148,7 @@ private:
     int m_childCount = 0;
     int m_place = -1;                    // in the children of the host
     int m_visits = 0;                    // walks over the children that run now
+    int m_putOff = -1;                   // place among the nodes whose children are still to be styled
     StylePass* m_pass = nullptr;         // the one that runs
     Watch* m_watch = nullptr;            // the innermost
     std::unique_ptr<Style> m_askedStyle; // a restyle that waits for the end of the pass

@@ -6,8 +6,11 @@
 #include "model/Specificity.h"
 #include "styling/AppliedProperties.h"
 #include "styling/ChildStyle.h"
+#include "styling/ChildWalk.h"
 #include "styling/StylePassScratch.h"
 #include "styling/WaitingRules.h"
+
+#include <QScopedValueRollback>
 
 #include <algorithm>
 #include <typeinfo>
@@ -36,6 +39,8 @@ StylePass::~StylePass() {
 }
 
 bool StylePass::run() {
+    // What listeners style is to be styled when they go on, however deep the way down is by now.
+    const QScopedValueRollback<Styleable::ChildWalk*> noWalk(Styleable::ChildWalk::current, nullptr);
     // Each step may reach listeners that delete the node; then the others find nothing to do.
     if (!recall()) {
         matchRules();

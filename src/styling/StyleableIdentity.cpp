@@ -3,6 +3,7 @@
 #include "Gorvel/BinaryData.h"
 #include "Gorvel/Name.h"
 #include "styling/AppliedProperties.h"
+#include "styling/ChildWalk.h"
 #include "styling/PseudoClasses.h"
 #include "styling/StylePass.h"
 #include "styling/StyleableWatch.h"
@@ -31,6 +32,8 @@ Styleable::Styleable(const QByteArray& type)
 
 Styleable::~Styleable() {
     Watch::abandon(m_watch);
+    if (m_putOff >= 0)
+        ChildWalk::forget(*this);
     if (m_pass)
         std::exchange(m_pass, nullptr)->nodeGoes(std::move(m_style));
     leaveHost();

@@ -6,6 +6,7 @@
 #include "Ondex/ArchiveElement.h"
 #include "Ondex/AttributeWatch_p.h"
 #include "styling/AppliedProperties.h"
+#include "styling/ChildWalk.h"
 #include "styling/PseudoClasses.h"
 #include "styling/StylePass.h"
 #include "styling/StyleableWatch.h"
@@ -92,6 +93,19 @@ void Styleable::updateStyle() {
 }
 
 void Styleable::styleChildren() {
+    ChildWalk* walk = ChildWalk::current;
+    if (!walk) {
+        ChildWalk::runFrom(*this);
+    } else if (walk->depth == ChildWalk::deepest) {
+        ChildWalk::putOff(*this);
+    } else {
+        ++walk->depth;
+        visitChildren();
+        --walk->depth;
+    }
+}
+
+void Styleable::visitChildren() {
     const Watch watch(*this);
     ++m_visits; // keeps the list from being closed up
     for (std::size_t i = 0; watch.isAlive() && i < m_children.size(); ++i) {
