@@ -128,7 +128,7 @@ private:
     const QByteArray& remember(const QByteArray& name) {
         QByteArray& place = byAddress(name.constData());
         if (!isThat(place, name))
-            place = name;
+            place = QByteArray(name); // moved: assigning a copy would be a call
         return place;
     }
 

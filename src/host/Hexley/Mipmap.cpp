@@ -9,9 +9,9 @@
 #include <QFileInfo>
 #include <QHash>
 #include <QImageReader>
-#include <QMutex>
 #include <QSet>
 
+#include <mutex>
 #include <string>
 
 namespace Hexley {
@@ -105,7 +105,7 @@ public:
 
     /// The image, or an empty handle and why; an empty fault where that was said before.
     std::shared_ptr<Mipmap> acquire(const QString& path, bool smooth, QString& fault) {
-        const QMutexLocker locker(&m_mutex);
+        const std::lock_guard<std::mutex> lock(m_mutex);
         const QString name = locate(path);
         const Key key(name, smooth);
         if (std::shared_ptr<Mipmap> held = m_images.value(key).lock())
@@ -124,7 +124,7 @@ public:
     }
 
     void setSearchPaths(const QStringList& directories) {
-        const QMutexLocker locker(&m_mutex);
+        const std::lock_guard<std::mutex> lock(m_mutex);
         m_directories = directories;
         m_reported.clear();
     }
@@ -172,7 +172,7 @@ private:
 
     static constexpr int firstSweep = 64;
 
-    QMutex m_mutex;
+    std::mutex m_mutex;
     QHash<Key, std::weak_ptr<Mipmap>> m_images;
     int m_nextSweep = firstSweep;
     QSet<QString> m_reported;
