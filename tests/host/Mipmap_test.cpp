@@ -7,6 +7,7 @@
 #include <QImageReader>
 #include <QTemporaryDir>
 
+#include <algorithm>
 #include <array>
 #include <thread>
 
@@ -340,6 +341,50 @@ TEST_F(Images, JpegThatAnnouncesTooMuchIsRefusedUnread) {
     write("bomb.jpg", content);
     EXPECT_EQ(faultsOf("bomb.jpg"),
               (Texts{"warning: Mipmap::acquire # Cannot read image 'bomb.jpg': 60000 x 60000 pixels are too many"}));
+}
+
+/// An icon of one picture, with a directory that says nothing about its size.
+QByteArray icon(const QByteArray& picture) {
+    const QByteArray header("\x00\x00\x01\x00\x01\x00", 6);
+    const QByteArray entry("\x00\x00\x00\x00\x01\x00\x20\x00", 8);
+    const auto littleEndian = [](quint32 number) {
+        QByteArray bytes = bigEndian(number);
+        std::reverse(bytes.begin(), bytes.end());
+        return bytes;
+    };
+    return header + entry + littleEndian(quint32(picture.size())) + littleEndian(22) + picture;
+}
+
+TEST_F(Images, PngInAnIconThatAnnouncesTooMuchIsRefusedUnread) {
+    if (!QImageReader::supportedImageFormats().contains("ico"))
+        GTEST_SKIP() << "no reader for icons";
+    write("bomb.ico", icon(pngHeader(60000, 50000)));
+    EXPECT_EQ(faultsOf("bomb.ico"),
+              (Texts{"warning: Mipmap::acquire # Cannot read image 'bomb.ico': 60000 x 50000 pixels are too many"}));
+}
+
+TEST_F(Images, BmpInAnIconThatAnnouncesTooMuchIsRefusedUnread) {
+    if (!QImageReader::supportedImageFormats().contains("ico"))
+        GTEST_SKIP() << "no reader for icons";
+    const QByteArray header("\x28\x00\x00\x00\x60\xea\x00\x00\xc0\xd4\x01\x00\x01\x00\x20\x00", 16);
+    write("bomb.ico", icon(header + QByteArray(24, '\0')));
+    EXPECT_EQ(faultsOf("bomb.ico"),
+              (Texts{"warning: Mipmap::acquire # Cannot read image 'bomb.ico': 60000 x 120000 pixels are too many"}));
+}
+
+TEST_F(Images, IconsAreRead) {
+    if (!QImageReader::supportedImageFormats().contains("ico"))
+        GTEST_SKIP() << "no reader for icons";
+    save("small.png", 16, 8);
+    write("small.ico", icon(contentOf("small.png")));
+    const auto image = Mipmap::acquire("small.ico", false);
+    ASSERT_TRUE(image);
+    EXPECT_EQ(image->image().size(), QSize(16, 8));
+    for (int size = 0; size < 60; ++size) { // cut off, an icon is no image, and nothing is read behind its end
+        const QString name = QString("cut%1.ico").arg(size);
+        write(name, contentOf("small.ico").left(size));
+        EXPECT_EQ(faultsOf(name).size(), 1u) << size;
+    }
 }
 
 TEST_F(Images, BombInADataUrlIsRefusedToo) {

@@ -2,6 +2,7 @@
 
 #include "Gorvel/RegularFile_p.h"
 #include "Gorvel/Trace.h"
+#include "Hexley/IconSize_p.h"
 #include "Hexley/ImageEnd_p.h"
 
 #include <QBuffer>
@@ -30,6 +31,14 @@ Loaded fault(const QString& text) {
     return {QImage(), text};
 }
 
+bool isTooLarge(const QSize& size) {
+    return size.isValid() && qint64(size.width()) * size.height() > Mipmap::largestImage / 4;
+}
+
+Loaded tooLarge(const QSize& size) {
+    return fault(QStringLiteral("%1 x %2 pixels are too many").arg(size.width()).arg(size.height()));
+}
+
 Loaded read(QByteArray bytes) {
     if (!hasImageEnd(bytes))
         return fault(QStringLiteral("The file ends too early"));
@@ -37,13 +46,15 @@ Loaded read(QByteArray bytes) {
     buffer.open(QIODevice::ReadOnly);
     QImageReader reader(&buffer);
     // The size is asked for first: a header that announces too much is refused before any memory is taken.
-    const QSize announced = reader.size();
-    const qint64 size = qint64(announced.width()) * announced.height() * 4;
-    if (announced.isValid() && size > Mipmap::largestImage)
-        return fault(QStringLiteral("%1 x %2 pixels are too many").arg(announced.width()).arg(announced.height()));
+    for (const QSize& announced : {reader.size(), largestIconPicture(bytes)}) {
+        if (isTooLarge(announced))
+            return tooLarge(announced);
+    }
     const QImage image = reader.read();
     if (image.isNull())
         return fault(reader.errorString().isEmpty() ? QStringLiteral("Unknown error") : reader.errorString());
+    if (isTooLarge(image.size())) // by a format that announces nothing
+        return tooLarge(image.size());
     return {image.convertToFormat(QImage::Format_ARGB32_Premultiplied), QString()};
 }
 
