@@ -32,6 +32,20 @@ struct Beginning {
     ByteSource tree;
 };
 
+/// A style made by hand, rules that come late, or a node that is not styled for a while: things that have to come out
+/// as in the plain cascade, but after which a tree that is built anew is no measure.
+std::string changeOddly(Dice& dice, const Testing::SheetPlan& plan, Testing::TwinScene& scene) {
+    const std::shared_ptr<StyleSheet> other = Testing::randomParsedSheet(dice, plan);
+    switch (dice.roll(5)) {
+    case 0:
+        return scene.declareMore(*other);
+    case 1:
+        return scene.toggleSuppressed(dice);
+    default:
+        return scene.setOddStyle(dice, other);
+    }
+}
+
 void changeRecordingNodes(Beginning& beginning, ByteSource& source) {
     ByteSource& plan = beginning.plan;
     const Testing::SheetPlan sheetPlan{{}, 1 + plan.roll(12), 1 + plan.roll(4), {}};
@@ -40,6 +54,7 @@ void changeRecordingNodes(Beginning& beginning, ByteSource& source) {
     std::shared_ptr<StyleSheet> sheet = Testing::randomParsedSheet(sheetDice, sheetPlan);
     if (plan.chance(20))
         sheet = Testing::randomIrregularSheet(sheetDice, *sheet);
+    const int oddPercent = plan.chance(30) ? 35 : 0;
     const auto tree = Testing::randomTree(treeDice, 1 + plan.roll(12), {}, plan.roll(101));
     Testing::TwinScene scene(*tree, {});
     scene.setSheet(sheet);
@@ -47,10 +62,12 @@ void changeRecordingNodes(Beginning& beginning, ByteSource& source) {
     for (int step = 0; step < mostSteps && !(step > 0 && source.isAtEnd()); ++step) {
         ByteSource decisions = source.part(1);
         Dice dice = decisions.dice();
-        history += scene.change(dice) + "\n";
+        history += dice.chance(oddPercent) ? changeOddly(dice, sheetPlan, scene) : scene.change(dice);
+        history += "\n";
         scene.expectSameJournals();
         scene.expectSameNodes();
-        scene.expectLikeAFreshScene();
+        if (oddPercent == 0)
+            scene.expectLikeAFreshScene();
         if (testing::Test::HasFailure()) {
             ADD_FAILURE() << "after\n" << history << scene.text() << Testing::dumpSheet(*sheet);
             return;
