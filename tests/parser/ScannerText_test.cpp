@@ -102,6 +102,7 @@ const ScannerCase uriRows[] = {
     {"PlainUriUpperCase", "UrL(x)", "URI(x))", {}},
     {"PlainUriEmpty", "url()", "URI())", {}},
     {"PlainUriOfBlanks", "url( )", "URI())", {}},
+    {"UriKeepsAByteOrderMark", "url('\xef\xbb\xbf')", "URI(\xef\xbb\xbf)", {}},
     {"PlainUriIsUtf8", "url(\xc3\xa9)", "URI(\xc3\xa9))", {}},
     {"PlainUriWithSymbols", "url(http://a.b/c?d=e&f#g)", "URI(http://a.b/c?d=e&f#g))", {}},
     {"PlainUriWithEscapedBlank", "url(a\\ b)", "URI(a\\ b))", {}},

@@ -2,6 +2,7 @@
 
 #include "Gorvel/StringUtils.h"
 
+#include <algorithm>
 #include <cmath>
 #include <sstream>
 
@@ -41,12 +42,9 @@ QByteArray identifier(const QByteArray& name) {
 
 /// Names beyond Latin-1 come from the form with brackets only.
 QByteArray pseudoClass(const QByteArray& name) {
-    const QString text = QString::fromUtf8(name);
-    for (const QChar c : text) {
-        if (c.unicode() > 0xff)
-            return ":" + name + "()";
-    }
-    return ":" + identifier(name);
+    const bool isLatin1 =
+        std::all_of(name.begin(), name.end(), [](char c) { return static_cast<unsigned char>(c) < 0xc4; });
+    return ':' + (isLatin1 ? identifier(name) : name + "()");
 }
 
 bool isFinite(const StyleValue::Component& component) {
