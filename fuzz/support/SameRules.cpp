@@ -34,8 +34,8 @@ void expectSameDeclaration(const Declaration& written, const Declaration& read) 
 bool hasNameInBrackets(const Brisko::Selector& selector) {
     for (const SimpleSelector* compound = selector.front().get(); compound; compound = compound->next()) {
         for (const QByteArray& name : compound->pseudoClasses()) {
-            const QString text = QString::fromUtf8(name);
-            if (std::any_of(text.begin(), text.end(), [](QChar c) { return c.unicode() > 0xff; }))
+            // What begins a character beyond U+00FF in UTF-8.
+            if (std::any_of(name.begin(), name.end(), [](char c) { return static_cast<unsigned char>(c) >= 0xc4; }))
                 return true;
         }
     }
