@@ -26,7 +26,7 @@ MODEL = [
     Fault("src/model/SimpleSelector.cpp", " && m_id.isEmpty();", ";"),
     Fault("src/model/SimpleSelector.cpp", "if (id.isEmpty() || id == m_id)", "if (id.isEmpty())"),
     Fault("src/model/SimpleSelector.cpp", "m_combinator == other.m_combinator && ", ""),
-    Fault("src/model/Selector.cpp", "compound->m_next = m_compounds.back()", "compound->m_next = m_compounds.front()"),
+    Fault("src/model/Selector.cpp", "compound->updateString();", ""),
     Fault("src/model/Selector.cpp", "return size() < other.size();", "return size() > other.size();"),
     Fault("src/model/Selector.cpp", "compound->setCombinator(SimpleSelector::None);", ""),
     Fault("src/model/StyleSheet.cpp", " || rule.declarations().empty()", ""),
@@ -52,8 +52,7 @@ PARSER = [
 ]
 
 STYLING = [
-    Fault("src/styling/AppliedValues.h", "return specificity > held.specificity;",
-          "return specificity < held.specificity;"),
+    Fault("src/styling/AppliedValues.h", "m_weight > held.m_weight", "m_weight < held.m_weight"),
     Fault("src/styling/StyleableMatch.cpp", "PseudoClasses::GoesOnBelow : PseudoClasses::EndsHere",
           "PseudoClasses::EndsHere : PseudoClasses::GoesOnBelow"),
     Fault("src/styling/StyleableStyle.cpp", "property.isImportant() ? ImportantStyleLayer : StyleLayer",
@@ -61,7 +60,8 @@ STYLING = [
     Fault("src/styling/StyleableIdentity.cpp", "names.removeAll(QByteArray());", ""),
     Fault("src/styling/StyleableIdentity.cpp", "m_classes.contains(name.toLower())", "m_classes.contains(name)"),
     Fault("src/styling/StylePass.cpp", "} else if (!deferred.compound->isEmpty()) {", "} else {"),
-    Fault("src/styling/StylePass.cpp", "generation() != m_newGeneration", "generation() == m_newGeneration"),
+    Fault("src/styling/StylePass.cpp", "if (properties[index].generation() != m_newGeneration)",
+          "if (properties[index].generation() == m_newGeneration)"),
     Fault("src/styling/StateList.cpp", "specificity = std::max(specificity, ", "specificity = std::min(specificity, "),
     Fault("src/styling/Style.cpp", "return m_sheet == other.m_sheet && ", "return "),
     Fault("src/styling/LazyAttributeManager.cpp",
