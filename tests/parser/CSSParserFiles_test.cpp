@@ -67,6 +67,12 @@ protected:
     QStringList files;
 };
 
+#ifdef __SANITIZE_ADDRESS__
+constexpr bool isSanitized = true;
+#else
+constexpr bool isSanitized = false;
+#endif
+
 /// Leaves the process that many file descriptors more while it lives.
 class FewDescriptors {
 public:
@@ -440,6 +446,8 @@ TEST_F(CSSParserFiles, ImportsThatMultiplyStopAfterAThousand) {
 }
 
 TEST_F(CSSParserFiles, NoStreamCanBeMadeFromTheLastDescriptor) {
+    if (isSanitized)
+        GTEST_SKIP() << "the checks of types need descriptors of their own";
     write("main.css", "a {x: 1}");
     {
         const FewDescriptors one(1);
