@@ -1,5 +1,7 @@
 #include "command/CommandRun.h"
 
+#include <QImage>
+
 namespace {
 
 using Testing::CommandTest;
@@ -47,18 +49,25 @@ std::vector<std::string> extremeColours() {
 
 class ExtremeNumbers : public CommandTest, public testing::WithParamInterface<const char*> {
 protected:
+    ExtremeNumbers() {
+        QImage image(3, 2, QImage::Format_RGB32);
+        image.fill(Qt::green);
+        EXPECT_TRUE(image.save(QString::fromStdString(path("a.png"))));
+    }
+
     /// The sheet with the value is laid over a scene and painted, which neither fails nor takes long.
     void expectHarmless(const std::string& declaration) {
-        const std::string sheet = write("a.css", "* { background: white; color: black; border: 1px solid red }\n"
-                                                 "b { " +
-                                                     declaration + " }\nb:on { " + declaration + " !important }");
+        const std::string sheet =
+            write("a.css", "* { background: white url('a.png'); color: black; border: 1px solid red }\n"
+                           "b { " +
+                               declaration + " }\nb:on { " + declaration + " !important }");
         const std::string scene =
             write("s.xml", "<a><b id='x' border='2px solid blue' font='12px serif'>two words<c>text"
                            "</c></b><b opacity='0.5'/></a>");
         const RunResult styled = run({"style", scene, "-s", sheet, "--on", "b", ":on", "--format", "json", "--all"});
         EXPECT_EQ(styled.exit, 0) << declaration;
         EXPECT_FALSE(styled.json().isEmpty()) << declaration;
-        for (const char* picture : {"a.png", "a.svg"}) {
+        for (const char* picture : {"out.png", "out.svg"}) {
             const RunResult painted = run({"render", scene, "-s", sheet, "--size", "60x40", "-o", path(picture)});
             EXPECT_EQ(painted.exit, 0) << declaration << " " << painted.err;
         }

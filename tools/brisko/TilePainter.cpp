@@ -1,7 +1,5 @@
 #include "TilePainter.h"
 
-#include <QtMath>
-
 #include <QBrush>
 #include <QTransform>
 
@@ -36,8 +34,8 @@ void widenToPixel(TileAxis& axis, double pixel) {
 
 /// The image, made smaller where its copies are: painting alone would skip pixels.
 QImage shrunk(const QImage& image, const QSizeF& tile) {
-    const QSize size(std::min(image.width(), qCeil(std::round(tile.width()))),
-                     std::min(image.height(), qCeil(std::round(tile.height()))));
+    const auto atMost = [](int side, double length) { return int(std::min(double(side), std::round(length))); };
+    const QSize size(atMost(image.width(), tile.width()), atMost(image.height(), tile.height()));
     const QSize atLeastOne = size.expandedTo(QSize(1, 1));
     return atLeastOne == image.size() ? image
                                       : image.scaled(atLeastOne, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
