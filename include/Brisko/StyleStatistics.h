@@ -13,8 +13,9 @@ namespace Brisko {
 ///     statistics.passes();            // 1
 ///     statistics.attributesWritten(); // what the rules for it set, say 3
 ///
-/// The counts are the same in every run of a program. Such objects nest: each counts all that happens in its life. A
-/// style pass is counted as a whole when it is over, also where it stops because a listener deleted the node.
+/// The counts are the same in every run of a program. Such objects nest: each counts all style passes that begin and
+/// end in its life. A pass is counted as a whole when it is over, also where it stops because a listener deleted the
+/// node.
 class BRISKO_EXPORT StyleStatistics {
 public:
     StyleStatistics();
@@ -35,8 +36,8 @@ public:
     /// Declarations of rules that matched, each once for every pass and match. The parts of shorthands do not count,
     /// nor do winners of the last pass that are taken again.
     quint64 declarationsOffered() const { return m_counts.declarationsOffered; }
-    /// Values that won their property and were given to Styleable::setAttributeValue(), those included that are the
-    /// same as before or are refused.
+    /// Properties of nodes that passes wrote, each once for every pass, those included that had the same value before.
+    /// What an attribute refuses does not count, nor does the write by which a listener came to delete the node.
     quint64 attributesWritten() const { return m_counts.attributesWritten; }
 
     /// Makes all counts 0.
@@ -51,10 +52,13 @@ private:
         quint64 declarationsOffered = 0;
         quint64 attributesWritten = 0;
     };
-    /// Adds to all objects of this thread, if there are any.
-    static void add(const Counts& counts);
+    /// The number of the newest object of this thread; 0 where there is none.
+    static quint64 newest();
+    /// Adds to all objects of this thread up to that number.
+    static void add(const Counts& counts, quint64 newest);
 
     Counts m_counts;
+    quint64 m_number;                      // in the order in which they were made
     StyleStatistics* m_previous = nullptr; // those of a thread form a list
     StyleStatistics* m_next;
 };

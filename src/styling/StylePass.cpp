@@ -26,13 +26,14 @@ thread_local std::size_t StylePass::Scratch::depth = 0;
 StylePass::StylePass(Styleable& node)
     : m_node(node), m_watch(node), m_index(node.m_style.m_sheet ? &node.m_style.m_sheet->ruleIndex() : nullptr),
       m_scratch(Scratch::lease()), m_isFirst(!node.m_applied),
-      m_newGeneration(node.m_applied ? node.m_applied->nextGeneration() : 1) {
+      m_newGeneration(node.m_applied ? node.m_applied->nextGeneration() : 1),
+      m_newestStatistics(StyleStatistics::newest()) {
     node.m_pass = this;
 }
 
 StylePass::~StylePass() {
-    m_counts.passes = 1;
-    StyleStatistics::add(m_counts);
+    if (m_newestStatistics != 0)
+        count();
     Scratch::giveBack(m_scratch);
     if (isNodeAlive())
         m_node.m_pass = nullptr;
@@ -59,9 +60,9 @@ bool StylePass::run() {
 Style StylePass::childStyle() {
     const ChildStyle made(m_scratch.begun.groups, m_scratch.goneOn);
     Style style = made.from(m_node.m_style, m_node.m_childStyle, !m_index || m_index->isRegular());
-    const WaitingRules* incoming = m_node.m_style.m_waiting.data();
-    if (style.m_waiting && style.m_waiting.data() != incoming && style.m_waiting != m_node.m_childStyle.m_waiting)
-        m_counts.statesHandedOn = quint64(style.m_waiting->ownSize());
+    if (m_newestStatistics != 0 && style.m_waiting && style.m_waiting != m_node.m_style.m_waiting &&
+        style.m_waiting != m_node.m_childStyle.m_waiting)
+        m_handedOn = style.m_waiting->ownSize();
     noteMatches(style);
     return style;
 }
@@ -82,7 +83,6 @@ void StylePass::matchRules() {
     m_scratch.found.reserve(m_index->offers().propertyCount());
     RuleIndex::Found& begun = m_scratch.begun;
     m_index->collect(m_node.cssType(), m_node.m_cssId.value(), m_node.cssClasses(), begun);
-    m_counts.compoundsTested += begun.starts.size();
     for (std::size_t i = 0; isNodeAlive() && i < begun.starts.size(); ++i)
         tryStart(*begun.starts[i]);
 }
@@ -103,7 +103,6 @@ void StylePass::matchWaiting() {
     if (!waiting)
         return;
     waiting->collect(m_node.matchKeys(), m_scratch.waiting);
-    m_counts.compoundsTested += m_scratch.waiting.size();
     for (std::size_t i = 0; isNodeAlive() && i < m_scratch.waiting.size(); ++i)
         tryWaiting(*m_scratch.waiting[i]);
 }
@@ -120,7 +119,8 @@ void StylePass::tryWaiting(const WaitingCompound& waiting) {
 }
 
 void StylePass::apply(const SimpleSelector& compound, const OfferRange& offers, int specificity) {
-    m_counts.declarationsOffered += quint64(offers.end() - offers.begin());
+    if (m_newestStatistics != 0)
+        m_offered += std::size_t(offers.end() - offers.begin());
     for (const Offer& offered : offers) {
         int place = m_scratch.found.placeOf(offered.property);
         if (place < 0) {
@@ -172,7 +172,7 @@ void StylePass::applyHandedDown(const SimpleSelector& compound, const std::vecto
         return;
     }
     m_isPlain = false;
-    m_counts.declarationsOffered += declarations.size();
+    m_offered += declarations.size();
     for (const Declaration& declaration : declarations) {
         if (!isNodeAlive())
             return;
@@ -253,7 +253,6 @@ void StylePass::write(const AppliedValues::Value& winner) {
     if (winner.isShorthand || !winner.attribute)
         return;
     const bool important = winner.claim.isImportant();
-    ++m_counts.attributesWritten;
     if (!m_node.setAttributeValue(*winner.attribute, *winner.value,
                                   important ? Attribute::ImportantStyleLayer : Attribute::StyleLayer)) {
         m_isPlain = false;
@@ -314,6 +313,16 @@ void StylePass::clearStale() {
               [&properties](int a, int b) { return qstrcmp(properties[a].name, properties[b].name) < 0; });
     for (std::size_t i = 0; isNodeAlive() && i < m_scratch.stale.size(); ++i)
         m_node.clearProperty(m_scratch.stale[i]);
+}
+
+void StylePass::count() {
+    StyleStatistics::Counts counts;
+    counts.passes = 1;
+    counts.compoundsTested = m_scratch.begun.starts.size() + m_scratch.waiting.size();
+    counts.statesHandedOn = m_handedOn;
+    counts.declarationsOffered = m_offered;
+    counts.attributesWritten = quint64(m_written);
+    StyleStatistics::add(counts, m_newestStatistics);
 }
 
 } // namespace Brisko

@@ -67,6 +67,7 @@ private:
     void write(const AppliedValues::Value& winner);
     void applyDeferred();
     void clearStale();
+    void count();
 
     bool isNodeAlive() const { return m_watch.isAlive(); }
 
@@ -77,10 +78,12 @@ private:
     Scratch& m_scratch;
     bool m_isFirst; // that writes on the node
     unsigned m_newGeneration;
-    int m_written = 0;      // properties that the pass has written
-    int m_lastWritten = -1; // place of the last one among those applied
-    bool m_isPlain = true;  // nothing happened but that whole values of the sheet were written, in their order
-    StyleStatistics::Counts m_counts; // of this pass
+    int m_written = 0;          // properties that the pass has written
+    int m_lastWritten = -1;     // place of the last one among those applied
+    bool m_isPlain = true;      // nothing happened but that whole values of the sheet were written, in their order
+    quint64 m_newestStatistics; // the number of the newest that counts this pass; 0 where none does
+    std::size_t m_handedOn = 0; // for those that count: states of a new list for the children
+    std::size_t m_offered = 0;  // and declarations that were offered
 };
 
 } // namespace Brisko

@@ -4,11 +4,13 @@ namespace Brisko {
 
 namespace {
 
-thread_local StyleStatistics* first = nullptr;
+/// The newest. Every pass asks for it: this model finds it without a call.
+thread_local StyleStatistics* first __attribute__((tls_model("initial-exec"))) = nullptr;
+thread_local quint64 lastNumber = 0;
 
 } // namespace
 
-StyleStatistics::StyleStatistics() : m_next(first) {
+StyleStatistics::StyleStatistics() : m_number(++lastNumber), m_next(first) {
     if (m_next)
         m_next->m_previous = this;
     first = this;
@@ -20,8 +22,14 @@ StyleStatistics::~StyleStatistics() {
         m_next->m_previous = m_previous;
 }
 
-void StyleStatistics::add(const Counts& counts) {
+quint64 StyleStatistics::newest() {
+    return first ? first->m_number : 0;
+}
+
+void StyleStatistics::add(const Counts& counts, quint64 newest) {
     for (StyleStatistics* statistics = first; statistics; statistics = statistics->m_next) {
+        if (statistics->m_number > newest)
+            continue;
         statistics->m_counts.passes += counts.passes;
         statistics->m_counts.compoundsTested += counts.compoundsTested;
         statistics->m_counts.statesHandedOn += counts.statesHandedOn;
