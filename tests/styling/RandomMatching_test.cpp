@@ -7,8 +7,6 @@
 namespace Testing {
 namespace {
 
-using Brisko::Styleable;
-
 constexpr unsigned seed = 20210901;
 constexpr int pairs = 10000;
 constexpr int changedScenes = 150;
