@@ -48,7 +48,9 @@ std::string changeOddly(Dice& dice, const Testing::SheetPlan& plan, Testing::Twi
 
 void changeRecordingNodes(Beginning& beginning, ByteSource& source) {
     ByteSource& plan = beginning.plan;
-    const Testing::SheetPlan sheetPlan{{}, 1 + plan.roll(12), 1 + plan.roll(4), {}};
+    Testing::SheetPlan sheetPlan;
+    sheetPlan.rules = 1 + plan.roll(12);
+    sheetPlan.compounds = 1 + plan.roll(4);
     Dice sheetDice = beginning.sheet.dice();
     Dice treeDice = beginning.tree.dice();
     std::shared_ptr<StyleSheet> sheet = Testing::randomParsedSheet(sheetDice, sheetPlan);
@@ -116,7 +118,10 @@ void changeBoxes(Beginning& beginning, ByteSource& source) {
     static const Fuzz::BoxProperties properties;
     static const Testing::ChangePlan changes = boxPlan();
     ByteSource& plan = beginning.plan;
-    const Testing::SheetPlan sheetPlan{{}, 1 + plan.roll(10), 1 + plan.roll(3), boxDeclaration};
+    Testing::SheetPlan sheetPlan;
+    sheetPlan.rules = 1 + plan.roll(10);
+    sheetPlan.compounds = 1 + plan.roll(3);
+    sheetPlan.declaration = boxDeclaration;
     Dice sheetDice = beginning.sheet.dice();
     Dice treeDice = beginning.tree.dice();
     const Brisko::Style style(Testing::randomParsedSheet(sheetDice, sheetPlan));
