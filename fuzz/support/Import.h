@@ -1,10 +1,10 @@
 #pragma once
 
-#include <QByteArray>
+#include <QString>
 
 namespace Fuzz {
 
-/// Whether a sheet could import files from anywhere but the folder that the program runs in.
-bool importsFromElsewhere(const QByteArray& sheet);
+/// Lets a sheet import what lies in the folder that the program runs in, and nothing else.
+bool isImportAllowed(const QString& path);
 
 } // namespace Fuzz

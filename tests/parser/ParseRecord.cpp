@@ -56,9 +56,10 @@ std::string describe(const StyleSheet& sheet) {
 
 } // namespace
 
-std::string recordParse(const std::string& text, ParserDriver::Grammar grammar) {
+std::string recordParse(const std::string& text, ParserDriver::Grammar grammar, const CSSParser::ImportFilter& filter) {
     Recorder recorder;
     CSSParser parser;
+    parser.setImportFilter(filter);
     if (grammar)
         ParserAccess::driver(parser).setGrammar(grammar);
     StyleSheet sheet;

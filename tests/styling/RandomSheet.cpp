@@ -60,8 +60,8 @@ QByteArray ruleText(Dice& dice, const SheetPlan& plan, int& number) {
         text += ", " + selectorText(dice, plan);
     text += " {";
     for (int i = 1 + dice.roll(3); i > 0; --i) {
-        text += ' ' + (plan.declaration ? plan.declaration(dice)
-                                        : declarationText(dice, plan.hasWholeValuesOnly, number++));
+        text += ' ' +
+                (plan.declaration ? plan.declaration(dice) : declarationText(dice, plan.hasWholeValuesOnly, number++));
         text += dice.chance(15) ? " !important;" : ";";
     }
     return text + " }\n";
