@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Brisko/Rule.h"
-#include "Gorvel/ByteHash.h"
+#include "Gorvel/ByteHash_p.h"
 #include "model/NameTable.h"
 #include "model/OfferIndex.h"
 #include "model/WaitingGroup.h"

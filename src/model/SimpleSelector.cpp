@@ -1,6 +1,6 @@
 #include "Brisko/SimpleSelector.h"
 
-#include "Gorvel/ByteHash.h"
+#include "Gorvel/ByteHash_p.h"
 #include "Gorvel/Trace.h"
 
 #include <QDebug>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Brisko/Export.h"
-#include "Gorvel/ByteHash.h"
+#include "Gorvel/ByteHash_p.h"
 #include "parser/TokenText.h"
 
 #include <QByteArray>

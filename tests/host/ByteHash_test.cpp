@@ -1,4 +1,4 @@
-#include "Gorvel/ByteHash.h"
+#include "Gorvel/ByteHash_p.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "Gorvel/Name.h"
 
-#include "Gorvel/ByteHash.h"
+#include "Gorvel/ByteHash_p.h"
 
 #include <algorithm>
 #include <array>
