@@ -64,7 +64,7 @@ Work restyling(Change change) {
 
 void countAddingChildren() {
     const Style style(Bench::parse(Bench::generateSheet(rules)));
-    Styleable parent("div");
+    Bench::BenchNode parent("div");
     parent.setStyle(style);
     const auto addTo = [](Styleable& host) {
         auto* child = new Bench::BenchNode("div");

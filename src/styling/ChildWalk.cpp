@@ -6,7 +6,6 @@
 
 namespace Brisko {
 
-thread_local Styleable::ChildWalk* Styleable::ChildWalk::current = nullptr;
 thread_local std::vector<Styleable*> Styleable::ChildWalk::waiting;
 
 void Styleable::ChildWalk::runFrom(Styleable& start) {

@@ -17,7 +17,7 @@ struct Styleable::ChildWalk {
 
     int depth = 0; ///< nodes above the one that is visited
 
-    static thread_local ChildWalk* current; ///< null where none runs on this thread
+    inline static thread_local ChildWalk* current = nullptr; ///< null where none runs on this thread
 
     /// Begins a walk at the children of a node.
     static void runFrom(Styleable& start);

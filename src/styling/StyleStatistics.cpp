@@ -5,7 +5,7 @@ namespace Brisko {
 namespace {
 
 /// The newest. Every pass asks for it: this model finds it without a call.
-thread_local StyleStatistics* first __attribute__((tls_model("initial-exec"))) = nullptr;
+thread_local StyleStatistics* first = nullptr;
 thread_local quint64 lastNumber = 0;
 
 } // namespace

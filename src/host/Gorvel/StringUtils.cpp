@@ -1,5 +1,6 @@
 #include "Gorvel/StringUtils.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <memory>
 
@@ -108,6 +109,9 @@ bool StringUtils::isControl(char32_t character) {
 }
 
 QByteArray StringUtils::printable(const QByteArray& text) {
+    const auto isPlain = [](char c) { return c >= 0x20 && c < 0x7f; };
+    if (std::all_of(text.begin(), text.end(), isPlain))
+        return text;
     QByteArray result;
     result.reserve(text.size());
     for (int at = 0; at < text.size();) {
