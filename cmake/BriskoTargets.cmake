@@ -23,6 +23,8 @@ endfunction()
 # Makes the existing library target a versioned one: Brisko::<export_name> here and for those who find the package.
 function(brisko_add_library target export_name)
   brisko_target_defaults(${target})
+  # Nobody puts functions of their own in the place of the library's, so that it may inline these and call them directly.
+  target_compile_options(${target} PRIVATE -fno-semantic-interposition -fno-plt)
   add_library(Brisko::${export_name} ALIAS ${target})
   set_target_properties(${target} PROPERTIES EXPORT_NAME ${export_name} VERSION ${PROJECT_VERSION}
                                              SOVERSION ${PROJECT_VERSION_MAJOR} INSTALL_RPATH "\$ORIGIN")
