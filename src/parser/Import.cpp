@@ -20,8 +20,9 @@ QString directoryOf(const QString& fileName) {
 
 } // namespace
 
+// Empty for a name with a zero in it, which no file has: QFileInfo would print that it is broken.
 QString ParserDriver::canonicalPath(const QString& path) {
-    return QFileInfo(path).canonicalFilePath();
+    return path.contains(QChar::Null) ? QString() : QFileInfo(path).canonicalFilePath();
 }
 
 void ParserDriver::setImportFilter(CSSParser::ImportFilter filter) {

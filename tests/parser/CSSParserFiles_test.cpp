@@ -30,6 +30,7 @@ using Brisko::SimpleSelector;
 using Brisko::StyleSheet;
 using Strings = std::vector<std::string>;
 using testing::Contains;
+using testing::StartsWith;
 
 constexpr SimpleSelector::Origin author = SimpleSelector::Origin(1);
 
@@ -290,6 +291,16 @@ TEST_F(CSSParserFiles, ImportOfAMissingFileIsReportedAndParsingGoesOn) {
     EXPECT_EQ(trace.takeErrors(), (Strings{"CSSParser::parseSheet # failed to open '" + text("missing.css") + "'",
                                            "CSSParser::import # Failed @import missing.css"}));
     EXPECT_EQ(files, QStringList{path("main.css")});
+}
+
+TEST_F(CSSParserFiles, ImportOfANameWithAZeroIsReportedAndNothingIsPrinted) {
+    const QByteArray zero(1, '\0');
+    testing::internal::CaptureStderr(); // the toolkit prints what it thinks of such names
+    EXPECT_TRUE(parser.parseString(sheet, "@import 'a" + zero + "b.css'; a {x: 1}", &files, author));
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+    EXPECT_THAT(trace.takeErrors(), Contains(StartsWith("CSSParser::import # Failed @import ")));
+    EXPECT_EQ(dumpSheet(sheet), "a {x: 1}");
+    EXPECT_TRUE(files.isEmpty());
 }
 
 TEST_F(CSSParserFiles, ImportOfAFolderIsReported) {
