@@ -78,7 +78,7 @@ void StylePass::forget(Attribute* attribute) {
 }
 
 void StylePass::matchRules() {
-    if (!m_index)
+    if (!isNodeAlive() || !m_index)
         return;
     m_scratch.found.reserve(m_index->offers().propertyCount());
     RuleIndex::Found& begun = m_scratch.begun;

@@ -152,6 +152,40 @@ TEST_F(StyleableDeletion, OfTheNodeWhoseAttributeIsAskedForItsParts) {
     EXPECT_EQ(textOf(*last, "width"), "2");
 }
 
+/// Deletes itself when it is asked for its width, once it is armed.
+class VanishingNode : public TestNode {
+public:
+    using TestNode::TestNode;
+    ~VanishingNode() override { leaveHost(); }
+    Ondex::Attribute* attribute(const QByteArray& name) const override {
+        if (!isArmed || name != "width")
+            return TestNode::attribute(name);
+        delete this;
+        return nullptr;
+    }
+    bool isArmed = false;
+};
+
+TEST_F(StyleableDeletion, OfTheNodeThatIsAskedForAnAttribute) {
+    auto* vanishing = new VanishingNode("button");
+    panel->addAttribute(vanishing);
+    addNumber(*vanishing, "width");
+    vanishing->isArmed = true;
+    panel->setStyle(style);
+    EXPECT_EQ(panel->children(), (QList<Styleable*>{first, middle, last}));
+}
+
+TEST_F(StyleableDeletion, OfTheNodeThatIsAskedForAnAttributeAgain) {
+    auto* vanishing = new VanishingNode("panel");
+    addNumber(*vanishing, "width");
+    const Style styleOfPanels(sheetOf("panel { width: 1 }"));
+    panel->addAttribute(vanishing);
+    vanishing->setStyle(styleOfPanels);
+    vanishing->isArmed = true;
+    EXPECT_FALSE(vanishing->setStyle(styleOfPanels));
+    EXPECT_EQ(panel->children(), (QList<Styleable*>{first, middle, last}));
+}
+
 TEST_F(StyleableDeletion, OfAnAttributeThatIsStillToBeWritten) {
     whenChanged(*middle, "width", [this] { delete middle->attribute("height"); });
     panel->setStyle(style);
