@@ -9,6 +9,7 @@
 #include "Brisko/CSSBoxModel.h"
 #include "Brisko/CSSParser.h"
 #include "Brisko/Declaration.h"
+#include "Brisko/Explain.h"
 #include "Brisko/LazyAttributeManager.h"
 #include "Brisko/Rule.h"
 #include "Brisko/Selector.h"

@@ -13,6 +13,7 @@
 namespace Brisko {
 
 class AppliedProperties;
+class Explanation;
 class KeySet;
 class StylePass;
 struct WaitingCompound;
@@ -98,6 +99,7 @@ protected:
     virtual void updateStyle();
 
 private:
+    friend class Explanation;
     friend class StylePass;
     template <typename T, typename Watcher>
     friend class Ondex::Watched;

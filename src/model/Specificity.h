@@ -14,10 +14,15 @@ inline int withOrigin(int specificity, SimpleSelector::Origin origin) {
     return int((unsigned(specificity) & 0xF8FFFFFFu) | ((origin & 7u) << Origin));
 }
 
+/// The number in one field; of the origin, that alone.
+inline int count(int specificity, Field field) {
+    return (specificity >> field) & (field == Origin ? 7 : 0xFF);
+}
+
 /// @p specificity with @p count more in one of the counting fields.
 inline int plus(int specificity, Field field, int count) {
     constexpr int limit = 0xFF;
-    const int held = (specificity >> field) & limit;
+    const int held = Specificity::count(specificity, field);
     const int room = limit - held;
     return specificity + ((count < room ? count : room) << field);
 }
