@@ -32,6 +32,8 @@ public:
     constexpr bool beats(const Claim& held) const {
         return m_weight != held.m_weight ? m_weight > held.m_weight : m_declaration > held.m_declaration;
     }
+    /// Whether two claims of the same importance differ by their declarations only.
+    constexpr bool isAsSpecific(const Claim& other) const { return m_weight == other.m_weight; }
     constexpr bool isImportant() const { return m_weight >= importantWeight; }
     constexpr int declaration() const { return m_declaration; }
 

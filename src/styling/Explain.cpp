@@ -88,7 +88,7 @@ private:
 
     void offer(const Declaration& declaration, const Selector& selector, int specificity) {
         const QString source = m_sheet ? m_sheet->source(declaration.id()) : QString();
-        const Claim claim{specificity, declaration.id(), declaration.important()};
+        const Claim claim(specificity, declaration.id(), declaration.important());
         const Candidate candidate{declaration,         selector,          specificity, source, QByteArray(),
                                   declaration.value(), Outcome::NotServed};
         Attribute* attribute = m_node.attribute(declaration.property());
@@ -135,11 +135,11 @@ private:
     Outcome outcomeOfHolder(const Attribute& attribute, const Entries& entries) const {
         if (entries.isShorthand)
             return Outcome::Wins;
-        if (!isWritten(attribute.name(), entries.held().declaration))
+        if (!isWritten(attribute.name(), entries.held().declaration()))
             return Outcome::Refused;
         if (attribute.isValueDefinedOnLayer(Attribute::AnimationLayer))
             return Outcome::OverriddenByTransition;
-        if (!entries.held().important && attribute.isValueDefinedOnLayer(Attribute::UserLayer))
+        if (!entries.held().isImportant() && attribute.isValueDefinedOnLayer(Attribute::UserLayer))
             return Outcome::OverriddenByProgram;
         return Outcome::Wins;
     }
@@ -151,9 +151,9 @@ private:
     }
 
     static Outcome outcomeAgainst(const Claim& winner, const Claim& loser) {
-        if (winner.important != loser.important)
+        if (winner.isImportant() != loser.isImportant())
             return Outcome::LostByImportance;
-        return winner.specificity != loser.specificity ? Outcome::LostBySpecificity : Outcome::LostByOrder;
+        return winner.isAsSpecific(loser) ? Outcome::LostByOrder : Outcome::LostBySpecificity;
     }
 
     /// Appends them strongest first.
