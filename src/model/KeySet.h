@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Gorvel/ByteHash_p.h"
+
 #include <QByteArray>
 #include <QHash>
 #include <QString>
@@ -13,15 +15,15 @@ namespace Brisko {
 /// The one feature of a compound that is looked at first, hashed to a byte: its id, else its first class, else its
 /// type, else nothing. A node without that feature cannot match the compound.
 ///
-/// Types and classes are hashed by the addresses of their names, which have to be interned and kept.
+/// The same names have the same keys in every run, so that styling does the same work in every run.
 class MatchKey {
 public:
     static constexpr int count = 256; ///< of different keys
 
     /// The key of a compound that asks for nothing, and of one that was not looked at.
     static MatchKey none() { return MatchKey(0); }
-    static MatchKey ofType(const QByteArray& type) { return hashed(addressOf(type) + 1); }
-    static MatchKey ofClass(const QByteArray& name) { return hashed(addressOf(name)); }
+    static MatchKey ofType(const QByteArray& type) { return hashed(codeOf(type) + 1); }
+    static MatchKey ofClass(const QByteArray& name) { return hashed(codeOf(name)); }
     static MatchKey ofId(const QString& id) { return hashed(qHash(id, 0)); }
 
     std::uint8_t value() const { return m_value; }
@@ -29,14 +31,23 @@ public:
 private:
     explicit MatchKey(std::uint8_t value) : m_value(value) {}
 
-    static std::uint64_t addressOf(const QByteArray& name) {
-        return reinterpret_cast<std::uintptr_t>(name.constData());
+    /// The first and the last eight bytes of a name and its length, which mostly tell it from others.
+    static std::uint64_t codeOf(const QByteArray& name) {
+        constexpr int half = 8;
+        const char* const bytes = name.constData();
+        const int size = name.size();
+        if (size <= half)
+            return Gorvel::ByteHash::loadTail(bytes, size) + std::uint64_t(size) * spread;
+        const auto first = Gorvel::ByteHash::load<std::uint64_t>(bytes);
+        const auto last = Gorvel::ByteHash::load<std::uint64_t>(bytes + size - half);
+        return (first ^ (first >> 32)) * spread + last + std::uint64_t(size);
     }
     static MatchKey hashed(std::uint64_t code) {
-        constexpr std::uint64_t spread = 0x9E3779B97F4A7C15u; // 2^64 divided by the golden ratio
         const std::uint64_t hash = (code * spread) >> 32;
         return MatchKey(std::uint8_t(1 + ((hash * 255) >> 32))); // all but that of none()
     }
+
+    static constexpr std::uint64_t spread = 0x9E3779B97F4A7C15u; // 2^64 divided by the golden ratio
 
     std::uint8_t m_value;
 };
