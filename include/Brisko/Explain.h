@@ -24,11 +24,12 @@ class Styleable;
 ///         qInfo() << candidate.selectorText() << candidate.source << int(candidate.outcome);
 ///
 /// It is worked out from the style that the node was given last and from its identity as it is now, and stays as it was
-/// made when either changes. The node is left as it is: nothing is written, restyled or recorded. It takes the time of
-/// a style pass.
+/// made when either changes. The node is left as it is: nothing is written, restyled or recorded, and no message sent.
+/// It takes the time of a style pass.
 class BRISKO_EXPORT Explanation {
 public:
-    /// What became of a declaration.
+    /// What became of a declaration. A shorthand wins over others of its kind, unless all that it gives to its
+    /// longhands is refused or overridden.
     enum class Outcome {
         Wins,
         LostByImportance,       ///< to one that is important

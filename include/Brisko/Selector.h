@@ -27,6 +27,9 @@ public:
     /// The leftmost compound. Not to be called on an empty selector.
     const std::shared_ptr<SimpleSelector>& front() const { return m_front; }
 
+    /// The compounds as written, with their combinators: "panel > .a b". A compound that asks for nothing is "*".
+    QByteArray toString() const;
+
     /// Puts @p compound, which it owns from now on, to the left of the chain; @p combinator joins it to the compound
     /// that was leftmost before and counts only where there was one.
     void prepend(SimpleSelector* compound, SimpleSelector::Combinator combinator);

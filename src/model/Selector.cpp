@@ -1,8 +1,20 @@
 #include "Brisko/Selector.h"
 
+#include "model/SelectorText.h"
+
 #include <QDebug>
 
 namespace Brisko {
+
+QByteArray Selector::toString() const {
+    QByteArray text;
+    for (const SimpleSelector* compound = m_front.get(); compound; compound = compound->next()) {
+        if (!text.isEmpty())
+            text += compound->combinator() == SimpleSelector::Child ? " > " : " ";
+        text += textOf(*compound);
+    }
+    return text;
+}
 
 void Selector::prepend(SimpleSelector* compound, SimpleSelector::Combinator combinator) {
     prepend(std::shared_ptr<SimpleSelector>(compound), combinator);

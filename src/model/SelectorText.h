@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Brisko/Selector.h"
+#include "Brisko/SimpleSelector.h"
 
 namespace Brisko {
 
@@ -10,18 +10,6 @@ inline QByteArray textOf(const SimpleSelector& compound) {
     alone.setCombinator(SimpleSelector::None);
     alone.updateString();
     return alone.toString().isEmpty() ? QByteArray("*") : alone.toString();
-}
-
-/// The compounds as written, with their combinators: "panel > .a b".
-inline QByteArray textOf(const Selector& selector) {
-    QByteArray text;
-    const SimpleSelector* compound = selector.size() > 0 ? selector.front().get() : nullptr;
-    for (; compound; compound = compound->next()) {
-        if (!text.isEmpty())
-            text += compound->combinator() == SimpleSelector::Child ? " > " : " ";
-        text += textOf(*compound);
-    }
-    return text;
 }
 
 } // namespace Brisko

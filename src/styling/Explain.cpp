@@ -2,7 +2,7 @@
 
 #include "Brisko/Styleable.h"
 #include "Gorvel/Name.h"
-#include "model/SelectorText.h"
+#include "Gorvel/Trace.h"
 #include "model/Specificity.h"
 #include "styling/AppliedProperties.h"
 #include "styling/AppliedValues.h"
@@ -52,10 +52,10 @@ public:
     }
 
     void tellTo(Explanation& explanation) {
-        for (auto& [attribute, entries] : m_entries) {
+        for (auto& [attribute, entries] : m_entries)
             decide(*attribute, entries);
+        for (auto& [attribute, entries] : m_entries)
             list(entries.all, explanation.m_candidates[attribute->name()]);
-        }
         for (auto unserved = m_unserved.begin(); unserved != m_unserved.end(); ++unserved)
             list(*unserved, explanation.m_candidates[unserved.key()]);
         explanation.m_attributes = m_attributes;
@@ -123,7 +123,7 @@ private:
         }
     }
 
-    void decide(const Attribute& attribute, Entries& entries) const {
+    void decide(Attribute& attribute, Entries& entries) const {
         for (std::size_t i = 0; i < entries.all.size(); ++i) {
             Entry& entry = entries.all[i];
             entry.candidate.outcome = std::ptrdiff_t(i) == entries.holder
@@ -132,9 +132,9 @@ private:
         }
     }
 
-    Outcome outcomeOfHolder(const Attribute& attribute, const Entries& entries) const {
+    Outcome outcomeOfHolder(Attribute& attribute, const Entries& entries) const {
         if (entries.isShorthand)
-            return Outcome::Wins;
+            return outcomeOfParts(attribute, entries);
         if (!isWritten(attribute.name(), entries.held().declaration()))
             return Outcome::Refused;
         if (attribute.isValueDefinedOnLayer(Attribute::AnimationLayer))
@@ -142,6 +142,23 @@ private:
         if (!entries.held().isImportant() && attribute.isValueDefinedOnLayer(Attribute::UserLayer))
             return Outcome::OverriddenByProgram;
         return Outcome::Wins;
+    }
+
+    /// A shorthand wins, unless all that it gives to the longhands is refused or overridden.
+    Outcome outcomeOfParts(Attribute& shorthand, const Entries& entries) const {
+        Gorvel::ArrayMap<Attribute*, StyleValue> parts;
+        shorthand.handleShorthand(entries.all[std::size_t(entries.holder)].candidate.value, parts);
+        std::optional<Outcome> first;
+        for (const auto& part : parts) {
+            const Entries& offered = m_entries.at(part.first);
+            if (offered.held().declaration() != entries.held().declaration())
+                continue;
+            const Outcome outcome = outcomeOfHolder(*part.first, offered);
+            if (outcome == Outcome::Wins)
+                return outcome;
+            first = first.value_or(outcome);
+        }
+        return first.value_or(Outcome::Wins);
     }
 
     bool isWritten(const QByteArray& property, int declaration) const {
@@ -172,6 +189,7 @@ private:
 };
 
 Explanation::Explanation(const Styleable& node) {
+    const Gorvel::Trace::Muted muted; // what shorthands do not understand was told when the node was styled
     Contest contest(node);
     contest.run();
     contest.tellTo(*this);
@@ -188,7 +206,7 @@ QList<QByteArray> Explanation::properties() const {
 }
 
 QByteArray Explanation::Candidate::selectorText() const {
-    return textOf(selector);
+    return selector.toString();
 }
 
 int Explanation::Candidate::origin() const {

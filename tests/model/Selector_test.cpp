@@ -127,6 +127,14 @@ TEST(Selector, UniversalIsOneEmptyCompound) {
     EXPECT_EQ(selector.front()->combinator(), SimpleSelector::None);
 }
 
+TEST(Selector, TextHasTheCombinators) {
+    const Selector selector =
+        chain({{"c", SimpleSelector::None}, {"b", SimpleSelector::Child}, {"", SimpleSelector::Descendant}});
+    EXPECT_EQ(selector.toString(), QByteArray("* b > c"));
+    EXPECT_EQ(Selector::universalSelector(author).toString(), QByteArray("*"));
+    EXPECT_EQ(Selector().toString(), QByteArray());
+}
+
 /// Two selectors, the second of which is less, equal or greater.
 struct OrderCase {
     const char* name;

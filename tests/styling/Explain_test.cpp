@@ -1,6 +1,8 @@
 #include "Brisko/Explain.h"
 
+#include "Brisko/AttributeBackground.h"
 #include "Brisko/AttributeBorder.h"
+#include "Brisko/CSSBoxModel.h"
 #include "Brisko/CSSParser.h"
 #include "Ondex/AttributeT.h"
 #include "Ondex/TransitionManager.h"
@@ -132,6 +134,45 @@ TEST_F(ExplainTest, RunningTransitionsOverride) {
     EXPECT_EQ(told(*child, "width"), QStringList({"child: 1, transition"}));
     Ondex::TransitionManager::advance(1.f);
     EXPECT_EQ(told(*child, "width"), QStringList({"child: 1, wins"}));
+}
+
+TEST_F(ExplainTest, ShorthandsAreOverriddenWhereAllTheirLonghandsAre) {
+    Brisko::CSSBoxModel box;
+    styleWith(box, "* { size: 30px 40px }");
+    EXPECT_EQ(told(box, "size"), QStringList("*: 30px 40px, wins"));
+    box.setWidth(5.f, Ondex::Attribute::VU_PXS);
+    EXPECT_EQ(told(box, "size"), QStringList("*: 30px 40px, wins"));
+    EXPECT_EQ(told(box, "width"), QStringList("*: 30px (via size), program"));
+    box.setHeight(5.f, Ondex::Attribute::VU_PXS);
+    EXPECT_EQ(told(box, "size"), QStringList("*: 30px 40px, program"));
+    styleWith(box, "* { size: 30px 40px !important }");
+    EXPECT_EQ(told(box, "size"), QStringList("*: 30px 40px, wins"));
+}
+
+TEST_F(ExplainTest, ShorthandsWinAlsoWhereLonghandsTookAllOfIt) {
+    Brisko::CSSBoxModel box;
+    styleWith(box, "* { size: 30px 40px; width: 1px; height: 2px }");
+    EXPECT_EQ(told(box, "size"), QStringList("*: 30px 40px, wins"));
+    EXPECT_EQ(told(box, "height"), QStringList({"*: 2px, wins", "*: 40px (via size), order"}));
+}
+
+TEST_F(ExplainTest, ShorthandsThatAreRefused) {
+    TraceGuard guard;
+    Brisko::CSSBoxModel box;
+    styleWith(box, "* { padding: 1px; padding: 1px 2px 3px 4px 5px; location: left }");
+    EXPECT_EQ(guard.takeErrors().size(), 2u);
+    EXPECT_EQ(told(box, "padding"), QStringList({"*: 1px 2px 3px 4px 5px, refused", "*: 1px, order"}));
+    EXPECT_EQ(told(box, "location"), QStringList("*: left, refused"));
+    EXPECT_EQ(told(box, "padding-left"), QStringList("*: 1px (via padding), wins"));
+}
+
+TEST_F(ExplainTest, SaysNothingAboutValuesThatShorthandsDoNotUnderstand) {
+    TraceGuard guard;
+    new Brisko::AttributeBackground(child, "background");
+    styleWith(root, "child { background: red blue green url(a) 1px } child { background: red }");
+    guard.takeErrors();
+    EXPECT_EQ(told(*child, "background").size(), 2);
+    EXPECT_TRUE(guard.takeErrors().empty());
 }
 
 TEST_F(ExplainTest, PropertiesThatNothingServes) {
