@@ -100,6 +100,17 @@ void writeAttributeValue(JsonWriter& json, const Attribute& attribute, Attribute
         json.null();
 }
 
+void writeAttributeLayers(JsonWriter& json, const Attribute& attribute) {
+    json.beginObject();
+    for (Attribute::Layer layer = Attribute::StyleLayer; layer <= Attribute::ImportantStyleLayer; ++layer) {
+        if (!attribute.isValueDefinedOnLayer(layer))
+            continue;
+        json.key(QByteArray::number(layer));
+        writeAttributeValue(json, attribute, layer);
+    }
+    json.endObject();
+}
+
 bool isSet(const Attribute& attribute) {
     return attribute.isValueDefinedOnLayer(Attribute::StyleLayer) ||
            attribute.isValueDefinedOnLayer(Attribute::UserLayer) ||

@@ -11,17 +11,6 @@ using Ondex::Attribute;
 
 namespace {
 
-void writeLayers(JsonWriter& json, const Attribute& attribute) {
-    json.beginObject();
-    for (Attribute::Layer layer = Attribute::StyleLayer; layer <= Attribute::ImportantStyleLayer; ++layer) {
-        if (!attribute.isValueDefinedOnLayer(layer))
-            continue;
-        json.key(QByteArray::number(layer));
-        writeAttributeValue(json, attribute, layer);
-    }
-    json.endObject();
-}
-
 void writeAttribute(JsonWriter& json, const Styleable& node, const Attribute& attribute) {
     json.key(attribute.name());
     json.beginObject();
@@ -30,7 +19,7 @@ void writeAttribute(JsonWriter& json, const Styleable& node, const Attribute& at
     json.key("text");
     json.value(attribute.asString(nullptr, Attribute::EffectiveLayer));
     json.key("layers");
-    writeLayers(json, attribute);
+    writeAttributeLayers(json, attribute);
     const QString source = node.attributeSource(attribute.name());
     if (!source.isEmpty()) {
         json.key("source");

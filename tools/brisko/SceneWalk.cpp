@@ -23,4 +23,11 @@ void SceneWalk::next() {
     m_path += "/" + m_node->cssType() + "[" + QByteArray::number(++level.places[m_node->cssType()]) + "]";
 }
 
+QByteArray SceneWalk::pathOf(const Styleable& node) const {
+    std::size_t depth = m_levels.size();
+    for (const Ondex::Node* above = m_node; above && above != &node; above = above->host())
+        --depth;
+    return depth == m_levels.size() ? m_path : m_path.left(m_levels[depth].pathLength);
+}
+
 } // namespace Command

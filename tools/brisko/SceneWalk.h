@@ -26,6 +26,8 @@ public:
     int depth() const { return m_depth; }
     /// Types and 1-based places among siblings of the same type; the root has no place.
     const QByteArray& path() const { return m_path; }
+    /// The path of the node that the walk is at, or of one above it.
+    QByteArray pathOf(const Brisko::Styleable& node) const;
 
 private:
     struct Level {
