@@ -75,6 +75,23 @@ TEST_F(ControlCharacters, OfASceneAreShown) {
     EXPECT_NE(result.out.find("text: \\u009b7m\\u202e (scene)"), std::string::npos);
 }
 
+TEST_F(ControlCharacters, OfWhatIsExplainedAreShown) {
+    const std::string scene = write("s.xml", "<s><a id='\xc2\x9b"
+                                             "3m' class='\xe2\x80\xae' text='\xc2\x9b"
+                                             "7m'/></s>");
+    const std::string sheet = write(attack + ".css", "a { text: \"\xc2\x9b\" }");
+    const std::string selector = "#i\xc2\x9b t\xc2\x9b:p\xc2\x9b";
+    const RunResult result = runSafely({"explain", scene, "-s", sheet, "a", "text", "--why-not", selector});
+    EXPECT_NE(result.out.find("      - \"\\c2 \\9b \"  a  0,0,1  origin 1  "), std::string::npos) << result.out;
+    EXPECT_NE(result.out.find(shown + ".css:1  overridden"), std::string::npos) << result.out;
+    EXPECT_NE(result.out.find("not /s/a[1] (type is not t\xc3\x82\\u009b, no pseudo-class p\xc3\x82\\u009b)"),
+              std::string::npos)
+        << result.out;
+    runSafely({"explain", scene, "-s", sheet, "a", attack});
+    runSafely({"explain", scene, "-s", sheet, "a", "text", "--why-not", attack});
+    runSafely({"explain", scene, "-s", sheet, "a", "text", "--why-not", selector, "--format", "json"});
+}
+
 TEST_F(ControlCharacters, OfAnUnknownImageAreShown) {
     const std::string sheet = write("a.css", "a { background: url('\x1b[31m.png') }");
     const RunResult result = runSafely({"render", write("s.xml", "<a/>"), "-s", sheet, "-o", path("a.png")});

@@ -3,9 +3,8 @@
 #include "Brisko/CSSParser.h"
 #include "Failure.h"
 #include "Gorvel/Trace.h"
+#include "MatchingWalk.h"
 #include "Ondex/TransitionManager.h"
-#include "SceneWalk.h"
-#include "SelectorMatcher.h"
 
 namespace Command {
 
@@ -52,11 +51,7 @@ QList<Selector> parseSelectorArgument(const QByteArray& text) {
 
 std::vector<Styleable*> matchingNodes(Styleable& root, const QList<Selector>& selectors) {
     std::vector<Styleable*> nodes;
-    SelectorMatcher matcher(selectors);
-    for (SceneWalk walk(root); walk.isValid(); walk.next()) {
-        if (matcher.enter(walk.node(), walk.depth()))
-            nodes.push_back(&walk.node());
-    }
+    forEachMatch(root, selectors, [&nodes](const SceneWalk& walk) { nodes.push_back(&walk.node()); });
     return nodes;
 }
 

@@ -6,7 +6,6 @@
 #include <CLI/CLI.hpp>
 
 #include <map>
-#include <utility>
 
 namespace Command {
 
@@ -92,12 +91,15 @@ void takeSceneThenSheets(Options& options, const QByteArray& argument) {
         takeSheet(options, argument);
 }
 
-// "SCENE -s a.css b.css SELECTOR": what follows a sheet is a further one, but the last of all is the selector.
-void takeSceneSheetsAndSelector(Options& options, const QByteArray& argument) {
-    if (options.arguments.size() == 2 && !options.sheets.empty())
-        takeSheet(options, std::exchange(options.arguments.back(), argument));
-    else
-        takeArgument(options, argument);
+// "SCENE -s a.css b.css SELECTOR": what follows a sheet is a further one, but the last of all, as many as are given
+// here, are none.
+template <std::size_t last>
+void takeSceneSheetsAndMore(Options& options, const QByteArray& argument) {
+    takeArgument(options, argument);
+    if (options.arguments.size() <= 1 + last || options.sheets.empty())
+        return;
+    takeSheet(options, options.arguments[1]);
+    options.arguments.erase(options.arguments.begin() + 1);
 }
 
 /// @param most  how many arguments there can be
@@ -105,7 +107,9 @@ void addPositionals(ArgumentReader& reader, CommandBit command, int most) {
     switch (command) {
     case QueryCommand:
         // One by one: in a list, CLI11 would take a selector in brackets for a list of its own.
-        return reader.addPositionals(most, takeSceneSheetsAndSelector);
+        return reader.addPositionals(most, takeSceneSheetsAndMore<1>);
+    case ExplainCommand:
+        return reader.addPositionals(most, takeSceneSheetsAndMore<2>);
     case StyleCommand:
     case RenderCommand:
         return reader.addPositionals(0, takeSceneThenSheets);
@@ -129,6 +133,13 @@ QByteArray complaintOfOutput(const Options& options) {
                                                           : "'" + options.output + "' ends neither in .png nor .svg";
 }
 
+QByteArray complaintOfExplain(const Options& options) {
+    const bool isPropertyNeeded = options.whyNot.empty();
+    if (options.arguments.size() > 3 || options.arguments.size() < (isPropertyNeeded ? 3 : 2))
+        return "give a scene, a selector and a property, or a scene, a selector and --why-not SELECTOR";
+    return options.sheets.empty() ? "no sheet given; use -s FILE" : "";
+}
+
 int partsOfParse(const Options& options) {
     return int(options.sheets.size()) + options.selectorsText.has_value() + options.simpleSelectorText.has_value() +
            options.valueText.has_value();
@@ -146,6 +157,8 @@ QByteArray complaint(const Options& options, const CommandRow& command) {
         return complaintOfScene(options);
     case RenderCommand:
         return complaintOfScene(options) + (complaintOfScene(options).isEmpty() ? complaintOfOutput(options) : "");
+    case ExplainCommand:
+        return complaintOfExplain(options);
     default:
         return options.arguments.size() != 2 ? "give a scene and a selector" : "";
     }
@@ -173,6 +186,8 @@ QByteArray helpText(const QByteArray& command) {
         text = "Usage: " + usageLine(*only) + " [OPTION]...\n";
         if (only->bit == ParseCommand)
             text += "       brisko parse --selectors TEXT | --simple-selector TEXT | --value TEXT\n";
+        if (only->bit == ExplainCommand)
+            text += "       brisko explain SCENE -s SHEET... SELECTOR --why-not SELECTOR\n";
         text += "\n" + QByteArray(only->help) + "\n";
     } else {
         text = "Usage: brisko COMMAND ...\n\nCommands:\n";
@@ -181,7 +196,10 @@ QByteArray helpText(const QByteArray& command) {
     }
     text += "\nOptions:\n";
     appendOptions(text, only ? only->bit : AllCommands);
-    text += "\nExit: 0 done; 1 check met an error, or nothing matched; 2 wrong usage or a file that cannot be read.\n";
+    text += "\nExit:";
+    for (const ExitRow& row : exitTable())
+        text += (row.code == 0 ? " " : "; ") + QByteArray::number(row.code) + " " + row.meaning;
+    text += ".\n";
     return text;
 }
 

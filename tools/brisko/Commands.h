@@ -12,6 +12,7 @@ ExitCode runCheck(const Options& options, Console& console, MessageLog& log);
 ExitCode runParse(const Options& options, Console& console, MessageLog& log);
 ExitCode runStyle(const Options& options, Console& console, MessageLog& log);
 ExitCode runQuery(const Options& options, Console& console, MessageLog& log);
+ExitCode runExplain(const Options& options, Console& console, MessageLog& log);
 ExitCode runRender(const Options& options, Console& console, MessageLog& log);
 
 /// Writes the messages so far to the error stream, where the format is text.

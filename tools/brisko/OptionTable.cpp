@@ -82,12 +82,23 @@ void setBackground(Options& options, const Arguments& arguments) {
 
 } // namespace
 
+const std::vector<ExitRow>& exitTable() {
+    static const std::vector<ExitRow> table = {
+        {Done, "done"},
+        {Unmet, "check met an error, or nothing matched"},
+        {Failed, "wrong usage, or a file that cannot be read or written"},
+    };
+    return table;
+}
+
 const std::vector<CommandRow>& commandTable() {
     static const std::vector<CommandRow> table = {
         {CheckCommand, "check", "SHEET...", "print the diagnostics of style sheets, one line each"},
         {ParseCommand, "parse", "SHEET | -", "print a sheet as parsed; - reads the standard input"},
         {StyleCommand, "style", "SCENE -s SHEET...", "print the styled tree and where its values come from"},
         {QueryCommand, "query", "SCENE [-s SHEET...] SELECTOR", "print the paths of the nodes that a selector matches"},
+        {ExplainCommand, "explain", "SCENE -s SHEET... SELECTOR PROPERTY",
+         "print every declaration that competed for a property, strongest first, and why it won or lost"},
         {RenderCommand, "render", "SCENE -s SHEET... -o FILE.png|FILE.svg", "paint the styled scene into a picture"},
     };
     return table;
@@ -115,6 +126,9 @@ const std::vector<OptionRow>& optionTable() {
          }},
         {"--all", "", 0, StyleCommand, "list every attribute, also where only the default holds",
          [](Options& options, const Arguments&) { options.allAttributes = true; }},
+        {"--why-not", "SELECTOR", 1, ExplainCommand,
+         "say why this selector does not match the nodes; repeat it for more. PROPERTY may be left out then",
+         [](Options& options, const Arguments& a) { options.whyNot.push_back(a[0]); }},
         {"-o,--output", "FILE", 1, RenderCommand, "the picture to write; its ending, .png or .svg, says of which kind",
          [](Options& options, const Arguments& a) { options.output = a[0]; }},
         {"--size", "WxH", 1, RenderCommand, "part of the scene to show, in its pixels (default: the box of the root)",

@@ -13,7 +13,8 @@ enum CommandBit : unsigned {
     StyleCommand = 4,
     QueryCommand = 8,
     RenderCommand = 16,
-    SceneCommands = StyleCommand | QueryCommand | RenderCommand,
+    ExplainCommand = 32,
+    SceneCommands = StyleCommand | QueryCommand | ExplainCommand | RenderCommand,
     AllCommands = CheckCommand | ParseCommand | SceneCommands
 };
 
@@ -35,6 +36,13 @@ struct OptionRow {
     void (*apply)(Options& options, const std::vector<QByteArray>& arguments);
 };
 
+/// One exit code of the program.
+struct ExitRow {
+    int code;
+    const char* meaning;
+};
+
+const std::vector<ExitRow>& exitTable();
 const std::vector<CommandRow>& commandTable();
 const std::vector<OptionRow>& optionTable();
 

@@ -26,11 +26,13 @@ struct ChangeArgument {
 
 /// What the command line asks for.
 struct Options {
-    QByteArray command;                ///< name of the subcommand
-    std::vector<QByteArray> arguments; ///< scene and selector; sheets without an option of their own are in `sheets`
+    QByteArray command; ///< name of the subcommand
+    std::vector<QByteArray>
+        arguments; ///< scene, selector and property; sheets without an option of their own are in `sheets`
     std::vector<SheetArgument> sheets;
     std::vector<ChangeArgument> changes;
-    int origin = 1; ///< of the next sheet while the line is read, of the standard input afterwards
+    std::vector<QByteArray> whyNot; ///< selectors that are to be explained
+    int origin = 1;                 ///< of the next sheet while the line is read, of the standard input afterwards
     QByteArray media = "screen";
     std::optional<float> dpi;
     std::optional<QByteArray> importRoot; ///< folder that imports are held to

@@ -1,8 +1,7 @@
 #include "Changes.h"
 #include "Commands.h"
 #include "Gorvel/StringUtils.h"
-#include "SceneWalk.h"
-#include "SelectorMatcher.h"
+#include "MatchingWalk.h"
 #include "StyledScene.h"
 #include "ValueJson.h"
 
@@ -14,27 +13,13 @@ using Gorvel::StringUtils;
 
 namespace {
 
-/// Hands the path of each node that matches to @p take. @return whether there was one
-template <typename Take>
-bool forEachPath(Brisko::Styleable& root, const QList<Brisko::Selector>& selectors, Take take) {
-    bool any = false;
-    SelectorMatcher matcher(selectors);
-    for (SceneWalk walk(root); walk.isValid(); walk.next()) {
-        if (!matcher.enter(walk.node(), walk.depth()))
-            continue;
-        any = true;
-        take(walk.path());
-    }
-    return any;
-}
-
 bool writeJson(std::ostream& out, const StyledScene& scene, const QList<Brisko::Selector>& selectors,
                const MessageLog& log) {
     JsonWriter json(out);
     json.beginObject();
     json.key("paths");
     json.beginArray();
-    const bool any = forEachPath(scene.root(), selectors, [&](const QByteArray& path) { json.value(path); });
+    const bool any = forEachMatch(scene.root(), selectors, [&](const SceneWalk& walk) { json.value(walk.path()); });
     json.endArray();
     json.key("messages");
     writeMessages(json, log.messages());
@@ -53,8 +38,8 @@ ExitCode runQuery(const Options& options, Console& console, MessageLog& log) {
     if (options.format == OutputFormat::Json)
         any = writeJson(console.out, scene, selectors, log);
     else
-        any = forEachPath(scene.root(), selectors, [&](const QByteArray& path) {
-            console.out << StringUtils::printable(path).constData() << '\n';
+        any = forEachMatch(scene.root(), selectors, [&](const SceneWalk& walk) {
+            console.out << StringUtils::printable(walk.path()).constData() << '\n';
         });
     return any ? Done : Unmet;
 }

@@ -16,7 +16,8 @@ struct RunRow {
 };
 
 constexpr RunRow runTable[] = {
-    {"check", runCheck}, {"parse", runParse}, {"style", runStyle}, {"query", runQuery}, {"render", runRender},
+    {"check", runCheck}, {"parse", runParse},     {"style", runStyle},
+    {"query", runQuery}, {"explain", runExplain}, {"render", runRender},
 };
 
 /// Has debug messages come while it lives, where they were asked for.

@@ -33,13 +33,8 @@ const char* layerWord(const Attribute& attribute) {
     return attribute.isValueDefinedOnLayer(Attribute::StyleLayer) ? "" : " (default)";
 }
 
-QByteArray valueText(const Attribute& attribute) {
-    return StringUtils::printable(attribute.asString(nullptr, Attribute::EffectiveLayer).toUtf8());
-}
-
 void writeAttribute(std::ostream& out, const Styleable& node, const Attribute& attribute, const Paint& paint) {
-    const QByteArray left =
-        "    " + StringUtils::printable(attribute.name()) + ": " + valueText(attribute) + layerWord(attribute);
+    const QByteArray left = "    " + StringUtils::printable(attribute.name()) + ": " + effectiveText(attribute);
     const QByteArray source = StringUtils::printable(node.attributeSource(attribute.name()).toUtf8());
     if (source.isEmpty()) {
         out << left.constData() << '\n';
@@ -104,6 +99,11 @@ void writeArmed(std::ostream& out, const Attribute& attribute) {
 }
 
 } // namespace
+
+QByteArray effectiveText(const Attribute& attribute) {
+    const QString text = attribute.asString(nullptr, Attribute::EffectiveLayer);
+    return StringUtils::printable(text.toUtf8()) + layerWord(attribute);
+}
 
 void writeSceneText(std::ostream& out, Styleable& root, Listed listed, bool colors) {
     const Paint paint = colors ? Paint{"\x1b[1m", "\x1b[36m", "\x1b[0m"} : Paint{};
