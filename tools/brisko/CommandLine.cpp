@@ -147,6 +147,8 @@ int partsOfParse(const Options& options) {
 
 /// What is wrong with the number of arguments; empty where nothing is.
 QByteArray complaint(const Options& options, const CommandRow& command) {
+    if (options.format == OutputFormat::Sarif && command.bit != CheckCommand)
+        return "--format sarif is for check only";
     switch (command.bit) {
     case CheckCommand:
         return options.sheets.empty() ? "no sheet given" : "";

@@ -81,6 +81,14 @@ const char* levelName(Trace::Level level) {
     }
 }
 
+LocatedMessage locate(const Message& message) {
+    const Parts parts = split(message);
+    const int colon = parts.place.lastIndexOf(':');
+    if (placeLength(message) == 0)
+        return {message.subject, 0, parts.text};
+    return {parts.place.left(colon), parts.place.mid(colon + 1).toInt(), parts.text};
+}
+
 QByteArray diagnosticLine(const Message& message) {
     const Parts parts = split(message);
     return StringUtils::printable(parts.place) + ": " + levelName(message.level) + ": " +

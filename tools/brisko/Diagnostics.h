@@ -6,6 +6,14 @@
 
 namespace Command {
 
+/// What a message is about and what it says.
+struct LocatedMessage {
+    QByteArray file; ///< empty where it is not known
+    int line;        ///< 0 where it is not known
+    QByteArray text; ///< without place and level
+};
+LocatedMessage locate(const Message& message);
+
 /// The message as compilers write theirs, without colours: "file:line: error: text", or "file: error: text" where the
 /// line is not known. Control characters are written as escapes, so that it stays one line.
 QByteArray diagnosticLine(const Message& message);

@@ -37,8 +37,10 @@ void setFormat(Options& options, const Arguments& arguments) {
         options.format = OutputFormat::Text;
     else if (arguments[0] == "json")
         options.format = OutputFormat::Json;
+    else if (arguments[0] == "sarif")
+        options.format = OutputFormat::Sarif;
     else
-        refuse("--format", arguments[0], "text or json");
+        refuse("--format", arguments[0], "text or json, or sarif for check");
 }
 
 void setColor(Options& options, const Arguments& arguments) {
@@ -124,6 +126,10 @@ const std::vector<OptionRow>& optionTable() {
          [](Options& options, const Arguments& a) {
              options.changes.push_back({a[0], a[1]});
          }},
+        {"--lint", "", 0, CheckCommand, "name what this dialect of CSS does not do, and what to write instead",
+         [](Options& options, const Arguments&) { options.lint = true; }},
+        {"--scene", "FILE", 1, CheckCommand, "the same, and what the sheets say in vain to the nodes of this scene",
+         [](Options& options, const Arguments& a) { options.scene = a[0]; }},
         {"--all", "", 0, StyleCommand, "list every attribute, also where only the default holds",
          [](Options& options, const Arguments&) { options.allAttributes = true; }},
         {"--why-not", "SELECTOR", 1, ExplainCommand,
@@ -142,7 +148,7 @@ const std::vector<OptionRow>& optionTable() {
          [](Options& options, const Arguments& a) { options.simpleSelectorText = a[0]; }},
         {"--value", "TEXT", 1, ParseCommand, "parse one property value",
          [](Options& options, const Arguments& a) { options.valueText = a[0]; }},
-        {"--format", "text|json", 1, AllCommands, "form of the output (default text)", setFormat},
+        {"--format", "text|json", 1, AllCommands, "form of the output (default text); check has sarif, too", setFormat},
         {"--color", "auto|always|never", 1, AllCommands, "colours; auto: on terminals, unless NO_COLOR is set",
          setColor},
         {"--debug", "", 0, AllCommands, "debug messages too",

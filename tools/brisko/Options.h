@@ -9,7 +9,7 @@
 
 namespace Command {
 
-enum class OutputFormat { Text, Json };
+enum class OutputFormat { Text, Json, Sarif };
 enum class ColorUse { Auto, Always, Never };
 
 /// A sheet of the command line with the origin that held where it stood.
@@ -38,6 +38,8 @@ struct Options {
     std::optional<QByteArray> importRoot; ///< folder that imports are held to
     OutputFormat format = OutputFormat::Text;
     ColorUse color = ColorUse::Auto;
+    bool lint = false;               ///< find what the dialect does not do
+    std::optional<QByteArray> scene; ///< that sheets are checked against
     bool anyProperty = false;
     bool allAttributes = false;
     bool debug = false;

@@ -88,15 +88,15 @@ Properties::Properties() {
         m_registrants.emplace_back(row.name, once(row.make));
         m_elements.insert(row.name);
     }
+    m_names = m_elements;
 }
 
 void Properties::addPropertiesOf(const Brisko::StyleSheet& sheet) {
-    QSet<QByteArray> served = m_elements;
     for (const Brisko::Rule& rule : sheet.rules()) {
         for (const Brisko::Declaration& declaration : rule.declarations()) {
-            if (served.contains(declaration.property()))
+            if (m_names.contains(declaration.property()))
                 continue;
-            served.insert(declaration.property());
+            m_names.insert(declaration.property());
             m_registrants.emplace_back(declaration.property(), once(makePlain));
         }
     }

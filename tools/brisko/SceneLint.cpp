@@ -1,0 +1,95 @@
+#include "SceneLint.h"
+
+#include "CssText.h"
+#include "DeclarationReach.h"
+#include "NearestName.h"
+#include "SceneWalk.h"
+
+namespace Command {
+
+using Brisko::Declaration;
+using Brisko::Rule;
+
+namespace {
+
+QByteArray nodesText(int count) {
+    return count == 1 ? "the node that it reaches" : "all " + QByteArray::number(count) + " nodes that it reaches";
+}
+
+class SceneLint {
+public:
+    SceneLint(const LintScene& scene, const Brisko::StyleSheet& sheet)
+        : m_scene(scene), m_sheet(sheet), m_names(scene.propertyNames()) {}
+
+    std::vector<Finding> run() {
+        DeclarationReach reach;
+        for (SceneWalk walk(m_scene.root()); walk.isValid(); walk.next())
+            reach.visit(walk.node());
+        for (const Rule& rule : m_sheet.rules())
+            checkRule(rule, reach);
+        return std::move(m_findings);
+    }
+
+private:
+    void checkRule(const Rule& rule, const DeclarationReach& reach) {
+        if (!reach.hasMatched(rule.selector()))
+            add("unmatched-rule", rule.declarations().front().id(),
+                "no node of the scene matches '" + cssText(rule.selector()) + "', whatever pseudo-classes are on");
+        for (const Declaration& declaration : rule.declarations()) {
+            if (const DeclarationReach::Record* record = reach.record(declaration.id()))
+                check(declaration, *record);
+        }
+    }
+
+    void check(const Declaration& declaration, const DeclarationReach::Record& record) {
+        if (!record.isServed)
+            add("unserved-property", declaration.id(), unservedText(declaration.property(), record.nodes));
+        else if (!record.refusedBy.isEmpty())
+            add("refused-value", declaration.id(),
+                "'" + record.refusedBy + "' does not take this value, and nothing weaker is tried");
+        else if (!record.canWin)
+            add("overridden-declaration", declaration.id(), overriddenText(declaration.property(), record));
+    }
+
+    QByteArray unservedText(const QByteArray& property, int nodes) const {
+        const QByteArray nearest = nearestName(property, m_names);
+        return "no attribute serves '" + property + "' on " + nodesText(nodes) +
+               (nearest.isEmpty() ? "" : ": did you mean '" + nearest + "'?");
+    }
+
+    QByteArray overriddenText(const QByteArray& property, const DeclarationReach::Record& record) const {
+        const QByteArray never = "'" + property + "' can never win: ";
+        const QByteArray stronger = m_sheet.source(record.stronger).toUtf8();
+        const QByteArray nodes = nodesText(record.nodes);
+        if (record.stronger < 0)
+            return never + "the scene itself sets it on " + nodes;
+        const QByteArray states = ", whatever pseudo-classes are on";
+        if (record.isSetByScene)
+            return never + "on " + nodes + states + ", the scene sets it or something stronger is there, such as " +
+                   stronger;
+        if (record.hasSeveralStronger)
+            return never + "on " + nodes + states + ", something stronger is there, such as " + stronger;
+        return never + stronger + " overrides it on " + nodes + states;
+    }
+
+    void add(const char* rule, int declaration, const QByteArray& text) {
+        const QByteArray source = m_sheet.source(declaration).toUtf8();
+        const int colon = source.lastIndexOf(':');
+        m_findings.push_back({&lintRule(rule), source.left(colon), source.mid(colon + 1).toInt(), text});
+    }
+
+    const LintScene& m_scene;
+    const Brisko::StyleSheet& m_sheet;
+    const QSet<QByteArray> m_names;
+    std::vector<Finding> m_findings;
+};
+
+} // namespace
+
+std::vector<Finding> lintScene(const LintScene& scene, const Brisko::StyleSheet& sheet) {
+    // Shorthands report what they are asked about again and again here.
+    const Gorvel::Trace::Muted muted;
+    return SceneLint(scene, sheet).run();
+}
+
+} // namespace Command
