@@ -1,0 +1,54 @@
+#include "Shell.h"
+
+namespace Generate {
+
+using Command::CommandRow;
+using Command::OptionRow;
+
+namespace {
+
+Argument argumentOf(const QByteArray& name) {
+    if (name == "FILE")
+        return {name, Argument::Kind::File, {}};
+    if (name == "DIR")
+        return {name, Argument::Kind::Folder, {}};
+    if (name.contains('|'))
+        return {name, Argument::Kind::Words, name.split('|')};
+    return {name, Argument::Kind::Text, {}};
+}
+
+} // namespace
+
+QList<Argument> argumentsOf(const OptionRow& option) {
+    QList<Argument> arguments;
+    for (const QByteArray& name : QByteArray(option.arguments).split(' ')) {
+        if (!name.isEmpty())
+            arguments.append(argumentOf(name));
+    }
+    return arguments;
+}
+
+QList<QByteArray> namesOf(const OptionRow& option) {
+    return QByteArray(option.names).split(',');
+}
+
+QList<QByteArray> commandsBelow(const CommandRow& command) {
+    const QByteArray usage = command.usage;
+    return usage.startsWith('(') ? usage.mid(1, usage.indexOf(')') - 1).split('|') : QList<QByteArray>();
+}
+
+QList<const OptionRow*> optionsOf(const CommandRow* command) {
+    const unsigned commands = command ? unsigned(command->bit) : unsigned(Command::AllCommands);
+    QList<const OptionRow*> options;
+    for (const OptionRow& row : Command::optionTable()) {
+        if ((row.commands & commands) == commands)
+            options.append(&row);
+    }
+    return options;
+}
+
+QByteArray quoted(const QByteArray& text) {
+    return "'" + QByteArray(text).replace("'", "'\\''") + "'";
+}
+
+} // namespace Generate
