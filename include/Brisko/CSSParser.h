@@ -92,17 +92,20 @@ public:
     /// Reads a style sheet from bytes and appends the rules to a sheet. Lines count from 0; imports are relative to the
     /// working directory.
     /// @param sheet     receives the rules; not kept
-    /// @param text      the sheet, UTF-8
+    /// @param text      the sheet. As in files, names and quoted texts are read byte by byte as Latin-1, so that
+    /// letters
+    ///                  beyond ASCII are to be written as escapes; what is in url() is UTF-8
     /// @param fileList  receives the path of every imported file that was opened; may be null
     /// @param origin    given to every compound selector
     /// @return          false where the grammar gave up; what stood before is in the sheet
     bool parseString(StyleSheet& sheet, const QByteArray& text, QStringList* fileList, SimpleSelector::Origin origin);
 
-    /// Reads a comma-separated list of selectors, all of origin 1.
+    /// Reads a comma-separated list of selectors, all of origin 1. The text is read as its bytes in UTF-8 would be, see
+    /// parseString().
     /// @return  the selectors in their order; up to the first mistake where there is one
     QList<Selector> selectors(const QString& text);
 
-    /// Reads one property value, such as "1px solid red".
+    /// Reads one property value, such as "1px solid red", from bytes as parseString() reads them.
     /// @return  the value; an empty one where the text is none
     Ondex::StyleValue expr(const QByteArray& text);
 

@@ -16,7 +16,7 @@ namespace Brisko {
 /// The number is given by StyleSheet::setId() and is unique in its sheet; later declarations have higher ones.
 class BRISKO_EXPORT Declaration {
 public:
-    /// @param property  name in UTF-8
+    /// Makes one that has no number yet. The name of the property is in UTF-8.
     Declaration(const QByteArray& property, Ondex::StyleValue value, bool important)
         : m_important(important), m_property(property), m_value(std::move(value)) {}
 
@@ -27,6 +27,8 @@ public:
     /// Whether it was marked `!important` (CSS 2.1 section 6.4.2).
     bool important() const { return m_important; }
 
+    /// Compares number, property, value and importance. As numbers are unique in a sheet, equal ones come from one
+    /// sheet, or from sheets that were filled alike.
     bool operator==(const Declaration& other) const;
     bool operator!=(const Declaration& other) const { return !(*this == other); }
 

@@ -30,6 +30,8 @@ public:
     /// same offer, which ends with the first of them.
     class BRISKO_EXPORT Registrant {
     public:
+        /// Offers @p factory, which must not be empty: asking an empty one fails as std::function does, with
+        /// std::bad_function_call.
         Registrant(const QByteArray& name, Factory factory);
         Registrant(const Registrant&) = default;
         Registrant& operator=(const Registrant&) = default;

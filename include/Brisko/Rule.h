@@ -25,6 +25,7 @@ public:
     const Selector& selector() const { return m_selector; }
     const Declarations& declarations() const { return *m_declarations; }
 
+    /// Compares the selectors, whose combinators do not count, and the declarations with their numbers.
     bool operator==(const Rule& other) const {
         return m_selector == other.m_selector &&
                (m_declarations == other.m_declarations || *m_declarations == *other.m_declarations);

@@ -34,6 +34,7 @@ struct WaitingCompound;
 /// alive until it is given another one. Used on the thread that owns the node.
 class BRISKO_EXPORT Styleable : public Ondex::Node {
 public:
+    /// Makes a node of that CSS type, which is its name as well, without host and style.
     explicit Styleable(const QByteArray& type);
     ~Styleable() override;
 
@@ -42,20 +43,28 @@ public:
     void setCSSType(const QByteArray& type);
 
     QString cssId() const { return m_cssId.value(); }
+    /// Sets the id, on the user layer of the attribute "css-id", and restyles. An empty one is none. An important
+    /// declaration of "css-id" is stronger.
     void setCSSId(const QString& id);
 
     /// The class names as they were written, separated by blanks.
     QString cssClassStr() const { return m_cssClass.value(); }
+    /// Replaces all class names, on the user layer of the attribute "css-class", and restyles.
+    /// @param classes  names separated by blanks
     void setCSSClasses(const QString& classes);
     /// The class names lower-cased, sorted and each once.
     const Gorvel::ArraySet<QByteArray>& cssClasses() const { return m_classes; }
     /// Appends a name unless the set holds it, whatever its case.
     void addCSSClass(const QString& name);
+    /// Adds one after another, see addCSSClass(); each that is missing restyles.
     void addCSSClasses(const QStringList& names);
     /// Removes every mention of exactly this name, in this case.
     void removeCSSClass(const QString& name);
+    /// Removes one after another, see removeCSSClass(); each that is there restyles.
     void removeCSSClasses(const QStringList& names);
+    /// Adds the name where @p on is true, as addCSSClass() does; else removes it, as removeCSSClass() does.
     void toggleCSSClass(const QByteArray& name, bool on);
+    /// Whether the set holds a name, whatever its case.
     bool hasCSSClass(const QByteArray& name) const;
 
     /// Switches a pseudo-class, restyles what a selector may see of it and sends "pseudo-class-changed": the name as
@@ -65,12 +74,12 @@ public:
     /// The names that were ever switched on, on or off now.
     QList<QByteArray> pseudoClasses() const;
 
-    /// Whether one compound matches this node; combinators do not count.
-    /// @param specificity  receives the packed specificity of a match: origin in bits 24 to 26, ids in 16 to 23,
-    ///                     classes and pseudo-classes in 8 to 15, types in 0 to 7 (CSS 2.1 section 6.4.3); may be null
+    /// Whether one compound matches this node; combinators do not count. @p specificity, which may be null, receives
+    /// the packed specificity of a match: origin in bits 24 to 26, ids in 16 to 23, classes and pseudo-classes in 8 to
+    /// 15, types in 0 to 7 (CSS 2.1 section 6.4.3).
     bool match(const SimpleSelector& selector, int* specificity) const;
 
-    /// This node's own compound: type, #id, .classes and, if asked for, the pseudo-classes that are on.
+    /// This node's own compound: type, `#id`, classes and, if asked for, the pseudo-classes that are on.
     QString simpleSelector(bool withPseudoClasses) const;
 
     /// Applies a style to this node and, where what it hands on changed, to its children.

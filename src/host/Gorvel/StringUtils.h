@@ -21,8 +21,8 @@ public:
     /// change the direction of writing, and the separators of lines and paragraphs.
     static bool isControl(char32_t character);
 
-    /// Turns UTF-8 text into one line that is safe to show. Characters of isControl() become escapes such as \n, \x1b
-    /// and \u202e, bytes that are no UTF-8 \x9b; everything else stays as it is.
+    /// Turns UTF-8 text into one line that is safe to show. Characters of isControl() become escapes such as `\n`,
+    /// `\x1b` and `\u202e`, bytes that are no UTF-8 `\x9b`; everything else stays as it is.
     static QByteArray printable(const QByteArray& text);
 };
 

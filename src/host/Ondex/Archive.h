@@ -43,11 +43,14 @@ public:
 
     Attribute::SerializationOptions options() const;
 
+    /// Begins an element inside the one that is open, or the root.
     void startElement(const QByteArray& name);
-    /// Writes an XML attribute of the element just started.
+    /// Writes an XML attribute of the element just started; to be called before its text and children are written.
     void writeAttribute(const QString& key, const QString& value);
+    /// Writes text inside the current element.
     void writeText(const QString& text);
     /// Ends the element that startElement() began, after the children given to serializeInside() have been written.
+    /// Nothing happens where none is open. The destructor ends what is still open.
     void endElement();
     /// Writes an element that holds a text only.
     void writeElement(const QByteArray& name, const QString& text);
@@ -55,7 +58,8 @@ public:
     /// nested, so that the depth of a tree is not bounded by the stack.
     void serializeInside(const QList<const Serializable*>& children);
 
-    /// Whether writing to the target failed.
+    /// Whether writing to the target failed, because a device took less than it was given, say. It stays so: what is
+    /// written afterwards is lost, and the document is not whole. Writing to a byte array does not fail.
     bool hasError() const;
 
     /// The document that holds @p object alone.

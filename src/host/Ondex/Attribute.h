@@ -67,16 +67,27 @@ public:
     virtual void eventProcess(const QByteArray& event, Gorvel::BinaryData& data);
     /// The value of @p layer as a number. @p ok, which may be null, tells whether there is one; else 0.
     virtual float asFloat(bool* ok, Layer layer) const;
+    /// The same as an integer, cut towards 0. What does not fit into one is not saturated: @p ok tells false, and the
+    /// answer is 0.
     virtual int asInt(bool* ok, Layer layer) const;
     /// The value of @p layer as text that set(const QString&) reads back; empty where there is none.
     virtual QString asString(bool* ok, Layer layer) const;
-    // Each set() answers false when the attribute cannot take the value; its value is then unchanged.
+    /// Sets the value of a layer, converted to the type of the attribute. This class takes nothing; AttributeT says
+    /// what the others take.
+    /// @return false when the attribute cannot take the value, or the layer is none that can be set; the value is then
+    ///         unchanged
     virtual bool set(const StyleValue& value, Layer layer);
+    /// The same with four numbers, each with its unit; a missing unit is none.
     virtual bool set(const Pemmit::Vector4T<float>& value, Layer layer, QList<ValueUnit> units);
+    /// The same with three numbers.
     virtual bool set(const Pemmit::Vector3T<float>& value, Layer layer, QList<ValueUnit> units);
+    /// The same with two numbers.
     virtual bool set(const Pemmit::Vector2T<float>& value, Layer layer, QList<ValueUnit> units);
+    /// The same with a text, which is read as the type of the attribute has it.
     virtual bool set(const QString& value, Layer layer, ValueUnit unit);
+    /// The same with an integer.
     virtual bool set(int value, Layer layer, ValueUnit unit);
+    /// The same with a number. Attributes of integers take whole numbers in their range only, and refuse all others.
     virtual bool set(float value, Layer layer, ValueUnit unit);
     /// Name of the value type, such as "float"; empty for an attribute without a value of its own.
     virtual QByteArray type() const;
@@ -91,6 +102,9 @@ public:
     ///         False otherwise: the value is meant for this attribute itself.
     /// An override changes nothing: a style pass asks before it writes, and may ask more often than it writes.
     virtual bool handleShorthand(const StyleValue& value, Gorvel::ArrayMap<Attribute*, StyleValue>& parts);
+    /// Whether that layer holds a value: always the default layer and, asked for as the effective one, any; the others
+    /// from set() to clearValue(). An attribute without a value of its own, a shorthand say, answers false; a tuple
+    /// does as its components do.
     virtual bool isValueDefinedOnLayer(Layer layer) const;
     /// The child attribute called @p name, the first one where there are several; null where there is none.
     virtual Attribute* attribute(const QByteArray& name) const;
@@ -114,7 +128,11 @@ public:
     Attribute* ownerShorthand() const { return m_hasExtra ? ownerOfExtra() : m_ownerShorthand; }
     void setOwnerShorthand(Attribute* shorthand);
 
-    /// Has @p callback called at every change. @return an id for removeListener().
+    /// Has @p callback called at every change of the effective value. The @p role is its place among the listeners of
+    /// this attribute: lower ones are called first, equal ones in the order they were added. The library's own, the
+    /// nodes and compound attributes that follow their attributes, have 2: what is to see their work done takes a
+    /// higher one, what is to come before it a lower one.
+    /// @return an id for removeListener(), unique in this attribute
     /// A callback may add and remove listeners, set values, and delete attributes and nodes, even the one that calls
     /// it. Listeners removed by a callback are not called any more, listeners added by one from the next change on.
     /// It must not delete a longhand, which goes with its owner, change a style sheet that is in use, or throw.

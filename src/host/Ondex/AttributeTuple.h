@@ -70,7 +70,7 @@ private:
 template <typename T>
 class BRISKO_HOST_EXPORT AttributeTupleT : public AttributeTuple {
 public:
-    /// @param componentNames  one per component, in order
+    /// Makes the components too, called by @p componentNames in their order.
     AttributeTupleT(Node* host, const QByteArray& name, const QList<QByteArray>& componentNames, T defaultValue = T())
         : AttributeTuple(host, name, componentNames, &numbersOf(defaultValue)[0], Conversion::isFrame<T>) {}
 

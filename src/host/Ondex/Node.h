@@ -20,6 +20,8 @@ namespace Ondex {
 /// A node owns its attributes. Adding, removing and finding one takes constant time, however many there are.
 class BRISKO_HOST_EXPORT Node : public Attribute {
 public:
+    /// Makes a node called @p name without attributes and adds it to @p host, which owns it from then on; a null host
+    /// makes a root, which belongs to whoever made it.
     Node(Node* host, const QByteArray& name);
     ~Node() override;
 

@@ -46,7 +46,7 @@ public:
     bool isConstant() const;
 
     /// Computes the value in 32-bit floats.
-    /// @param params  @p count values, null where @p count is 0; a parameter that is not among them reads as 0
+    /// @p params are @p count values, null where there are none; a parameter that is not among them reads as 0.
     float evaluate(const float* params, std::size_t count) const;
 
     /// The text inside "calc(" and ")": parameter 0 as percentages, brackets only where the order needs them.

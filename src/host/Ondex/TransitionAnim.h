@@ -15,8 +15,8 @@ class TransitionRegistry;
 /// derived class, which knows the type of the value. Used on the thread that owns the attribute.
 class BRISKO_HOST_EXPORT TransitionAnim {
 public:
-    /// @param duration  seconds from start to end; a negative one counts as 0
-    /// @param delay     seconds before the start; a negative one starts part-way
+    /// Makes a transition of @p duration seconds from start to end, 0 where that is negative, that starts @p delay
+    /// seconds from now; a negative delay starts part-way.
     TransitionAnim(Attribute* attribute, float duration, float delay);
     virtual ~TransitionAnim();
     TransitionAnim(const TransitionAnim&) = delete;
