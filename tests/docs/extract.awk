@@ -4,7 +4,8 @@
 #   ```text right after it    N.output of that program, what it prints
 #   ```console                N.console, lines "$ command" each followed by what the command prints
 #   ```LANGUAGE FILE          FILE, which the programs and commands find in their working directory; a FILE with a
-#                             slash is a file of the project that the document shows, see check-shown-files
+#                             slash is a file of the project that the document shows, see check-shown-files, and is
+#                             found there by what stands behind its last slash
 function finish() {
     if (language == "cpp" && text ~ /int main\(/) {
         program = block
@@ -16,7 +17,8 @@ function finish() {
             write(block ".console")
         program = 0
     }
-    if (file != "" && file !~ /\//)
+    sub(/.*\//, "", file)
+    if (file != "")
         write(file)
 }
 
