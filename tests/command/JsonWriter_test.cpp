@@ -80,6 +80,21 @@ TEST(JsonWriter, BytesBehindANulAreWritten) {
     EXPECT_EQ(out.str(), R"("a\u0000b")");
 }
 
+TEST(JsonWriter, CompactFormHasNoBlanks) {
+    std::ostringstream out;
+    JsonWriter json(out, JsonWriter::Spacing::Compact);
+    json.beginObject();
+    json.key("a");
+    json.beginArray();
+    json.value(1);
+    json.value("b, c: d");
+    json.endArray();
+    json.key("e");
+    json.null();
+    json.endObject();
+    EXPECT_EQ(out.str(), R"({"a":[1,"b, c: d"],"e":null})");
+}
+
 TEST(JsonWriter, ItemsAreSeparated) {
     std::ostringstream out;
     JsonWriter json(out);

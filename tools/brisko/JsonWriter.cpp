@@ -79,8 +79,14 @@ void JsonWriter::separate() {
     if (m_hasItems.empty())
         return;
     if (m_hasItems.back())
-        m_out.write(", ", 2);
+        writeMark(',');
     m_hasItems.back() = true;
+}
+
+void JsonWriter::writeMark(char mark) {
+    m_out.put(mark);
+    if (m_spacing == Spacing::Readable)
+        m_out.put(' ');
 }
 
 void JsonWriter::begin(char bracket) {
@@ -101,7 +107,7 @@ void JsonWriter::key(const char* name) {
 void JsonWriter::key(const QByteArray& name) {
     separate();
     writeText(QString::fromUtf8(name));
-    m_out.write(": ", 2);
+    writeMark(':');
     m_afterKey = true;
 }
 

@@ -24,7 +24,10 @@ QByteArray shortestNumber(float number);
 /// Any text gives valid JSON in UTF-8: what Unicode does not allow becomes U+FFFD.
 class JsonWriter {
 public:
-    explicit JsonWriter(std::ostream& out) : m_out(out) {}
+    /// Whether a blank follows each comma and colon.
+    enum class Spacing { Readable, Compact };
+
+    explicit JsonWriter(std::ostream& out, Spacing spacing = Spacing::Readable) : m_out(out), m_spacing(spacing) {}
 
     void beginObject() { begin('{'); }
     void endObject() { end('}'); }
@@ -47,9 +50,11 @@ private:
     void begin(char bracket);
     void end(char bracket);
     void separate();
+    void writeMark(char mark);
     void writeText(const QString& text);
 
     std::ostream& m_out;
+    Spacing m_spacing;
     std::vector<bool> m_hasItems; // of each open bracket
     bool m_afterKey = false;
 };

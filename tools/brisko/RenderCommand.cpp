@@ -1,15 +1,9 @@
 #include "Commands.h"
 #include "GuiSession.h"
-#include "PictureSize.h"
-#include "RasterCanvas.h"
-#include "ScenePainter.h"
+#include "OutputFile.h"
+#include "ScenePicture.h"
 #include "StyledScene.h"
-#include "SvgCanvas.h"
 #include "ValueJson.h"
-
-#include <QFile>
-#include <QImageWriter>
-#include <QSaveFile>
 
 #include <ostream>
 
@@ -19,35 +13,12 @@ using Brisko::CSSBoxModel;
 
 namespace {
 
-/// Writes the picture to a device. @return false where it could not be written
-bool writePng(QIODevice& out, ScenePainter& painter, const PictureSize& size, const Options& options) {
-    RasterCanvas canvas(size.pixels, options.scale, options.background);
-    painter.paint(canvas);
-    return QImageWriter(&out, "png").write(canvas.image());
-}
-
-bool writeSvg(QIODevice& out, ScenePainter& painter, const PictureSize& size, const Options& options) {
-    SvgCanvas canvas(out, size.shown, options.scale, options.background);
-    painter.paint(canvas);
-    return canvas.finish();
-}
-
-[[noreturn]] void failToWrite(const QByteArray& path, const QString& reason) {
-    throw Failure::because("cannot write '" + path + "': " + reason.toUtf8());
-}
-
 /// Puts the picture in the place of the file, if there is one, when it is complete.
 void writePicture(CSSBoxModel& root, const PictureSize& size, const Options& options) {
-    QSaveFile file(QFile::decodeName(options.output));
-    file.setDirectWriteFallback(true);
-    if (!file.open(QIODevice::WriteOnly))
-        failToWrite(options.output, file.errorString());
-    const Pemmit::Rectf box = root.marginBox();
-    ScenePainter painter(root, QPointF(-double(box.x0), -double(box.y0)));
     const bool isSvg = options.output.toLower().endsWith(".svg");
-    const bool isWritten = isSvg ? writeSvg(file, painter, size, options) : writePng(file, painter, size, options);
-    if (!isWritten || !file.commit())
-        failToWrite(options.output, file.errorString());
+    writeFile(options.output, [&](QIODevice& out) {
+        return isSvg ? writeSvg(out, root, size, options) : writePng(out, root, size, options);
+    });
 }
 
 void writeJson(std::ostream& out, const StyledScene& scene, const PictureSize& size, const Options& options,
