@@ -111,7 +111,7 @@ TEST_F(CommandLineUsage, VersionIsPrinted) {
 TEST_F(CommandLineUsage, HelpNamesEveryCommand) {
     const RunResult result = run({"--help"});
     EXPECT_EQ(result.exit, 0);
-    for (const char* command : {"check", "parse", "style", "query"})
+    for (const char* command : {"check", "parse", "style", "query", "render", "inspect"})
         EXPECT_NE(result.out.find(std::string("brisko ") + command), std::string::npos) << command;
 }
 
@@ -119,6 +119,8 @@ TEST_F(CommandLineUsage, HelpOfACommandNamesItsOptionsOnly) {
     const std::string help = run({"check", "--help"}).out;
     EXPECT_NE(help.find("--media NAME"), std::string::npos);
     EXPECT_EQ(help.find("--simple-selector"), std::string::npos);
+    EXPECT_NE(run({"inspect", "-h"}).out.find("--size WxH"), std::string::npos);
+    EXPECT_EQ(run({"inspect", "-h"}).out.find("--scale"), std::string::npos);
     EXPECT_NE(run({"parse", "-h"}).out.find("--simple-selector TEXT"), std::string::npos);
 }
 

@@ -112,6 +112,7 @@ void addPositionals(ArgumentReader& reader, CommandBit command, int most) {
         return reader.addPositionals(most, takeSceneSheetsAndMore<2>);
     case StyleCommand:
     case RenderCommand:
+    case InspectCommand:
         return reader.addPositionals(0, takeSceneThenSheets);
     default:
         return reader.addPositionals(0, takeSheet);
@@ -125,7 +126,7 @@ QByteArray complaintOfScene(const Options& options) {
     return options.sheets.empty() ? "no sheet given; use -s FILE" : "";
 }
 
-QByteArray complaintOfOutput(const Options& options) {
+QByteArray complaintOfPicture(const Options& options) {
     const QByteArray name = options.output.toLower();
     if (name.isEmpty())
         return "no output given; use -o FILE.png or -o FILE.svg";
@@ -138,6 +139,12 @@ QByteArray complaintOfExplain(const Options& options) {
     if (options.arguments.size() > 3 || options.arguments.size() < (isPropertyNeeded ? 3 : 2))
         return "give a scene, a selector and a property, or a scene, a selector and --why-not SELECTOR";
     return options.sheets.empty() ? "no sheet given; use -s FILE" : "";
+}
+
+QByteArray complaintOfPage(const Options& options) {
+    if (options.output.isEmpty())
+        return "no output given; use -o FILE.html";
+    return options.output.toLower().endsWith(".html") ? "" : "'" + options.output + "' does not end in .html";
 }
 
 int partsOfParse(const Options& options) {
@@ -158,7 +165,9 @@ QByteArray complaint(const Options& options, const CommandRow& command) {
     case StyleCommand:
         return complaintOfScene(options);
     case RenderCommand:
-        return complaintOfScene(options) + (complaintOfScene(options).isEmpty() ? complaintOfOutput(options) : "");
+        return complaintOfScene(options) + (complaintOfScene(options).isEmpty() ? complaintOfPicture(options) : "");
+    case InspectCommand:
+        return complaintOfScene(options) + (complaintOfScene(options).isEmpty() ? complaintOfPage(options) : "");
     case ExplainCommand:
         return complaintOfExplain(options);
     default:

@@ -14,6 +14,7 @@ ExitCode runStyle(const Options& options, Console& console, MessageLog& log);
 ExitCode runQuery(const Options& options, Console& console, MessageLog& log);
 ExitCode runExplain(const Options& options, Console& console, MessageLog& log);
 ExitCode runRender(const Options& options, Console& console, MessageLog& log);
+ExitCode runInspect(const Options& options, Console& console, MessageLog& log);
 
 /// Writes the messages so far to the error stream, where the format is text.
 void reportMessages(const Options& options, Console& console, const MessageLog& log);

@@ -102,6 +102,8 @@ const std::vector<CommandRow>& commandTable() {
         {ExplainCommand, "explain", "SCENE -s SHEET... SELECTOR PROPERTY",
          "print every declaration that competed for a property, strongest first, and why it won or lost"},
         {RenderCommand, "render", "SCENE -s SHEET... -o FILE.png|FILE.svg", "paint the styled scene into a picture"},
+        {InspectCommand, "inspect", "SCENE -s SHEET... -o FILE.html",
+         "write a page that shows the boxes of the scene and why its values won"},
     };
     return table;
 }
@@ -135,12 +137,12 @@ const std::vector<OptionRow>& optionTable() {
         {"--why-not", "SELECTOR", 1, ExplainCommand,
          "say why this selector does not match the nodes; repeat it for more. PROPERTY may be left out then",
          [](Options& options, const Arguments& a) { options.whyNot.push_back(a[0]); }},
-        {"-o,--output", "FILE", 1, RenderCommand, "the picture to write; its ending, .png or .svg, says of which kind",
+        {"-o,--output", "FILE", 1, PictureCommands, "the file to write: a picture, .png or .svg, or a page, .html",
          [](Options& options, const Arguments& a) { options.output = a[0]; }},
-        {"--size", "WxH", 1, RenderCommand, "part of the scene to show, in its pixels (default: the box of the root)",
+        {"--size", "WxH", 1, PictureCommands, "part of the scene to show, in its pixels (default: the box of the root)",
          setPictureSize},
         {"--scale", "N", 1, RenderCommand, "pixels of the picture to one of the scene (default 1)", setScale},
-        {"--background", "COLOR", 1, RenderCommand, "what the picture is filled with first (default transparent)",
+        {"--background", "COLOR", 1, PictureCommands, "what the picture is filled with first (default transparent)",
          setBackground},
         {"--selectors", "TEXT", 1, ParseCommand, "parse a list of selectors instead of a sheet",
          [](Options& options, const Arguments& a) { options.selectorsText = a[0]; }},

@@ -14,7 +14,9 @@ enum CommandBit : unsigned {
     QueryCommand = 8,
     RenderCommand = 16,
     ExplainCommand = 32,
-    SceneCommands = StyleCommand | QueryCommand | ExplainCommand | RenderCommand,
+    InspectCommand = 64,
+    PictureCommands = RenderCommand | InspectCommand,
+    SceneCommands = StyleCommand | QueryCommand | ExplainCommand | PictureCommands,
     AllCommands = CheckCommand | ParseCommand | SceneCommands
 };
 

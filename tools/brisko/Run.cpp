@@ -16,8 +16,8 @@ struct RunRow {
 };
 
 constexpr RunRow runTable[] = {
-    {"check", runCheck}, {"parse", runParse},     {"style", runStyle},
-    {"query", runQuery}, {"explain", runExplain}, {"render", runRender},
+    {"check", runCheck},     {"parse", runParse},   {"style", runStyle},     {"query", runQuery},
+    {"explain", runExplain}, {"render", runRender}, {"inspect", runInspect},
 };
 
 /// Has debug messages come while it lives, where they were asked for.
