@@ -125,6 +125,29 @@ TEST(Trace, MutedDropsTheMessagesOfItsThread) {
     EXPECT_EQ(trace.takeDebug(), Texts{});
 }
 
+TEST(Trace, CaptureKeepsTheMessagesOfItsThread) {
+    TraceGuard trace;
+    {
+        const Trace::Capture outer;
+        Trace::warning("first");
+        {
+            const Trace::Capture inner;
+            Trace::error("second");
+            const Trace::Muted muted;
+            Trace::error("dropped");
+            ASSERT_EQ(inner.messages().size(), 1u);
+            EXPECT_EQ(inner.messages()[0].level, Trace::Level::Error);
+            EXPECT_EQ(inner.messages()[0].text, "second");
+        }
+        std::thread([] { Trace::error("of another thread"); }).join();
+        ASSERT_EQ(outer.messages().size(), 1u);
+        EXPECT_EQ(outer.messages()[0].level, Trace::Level::Warning);
+        EXPECT_EQ(outer.messages()[0].text, "first");
+    }
+    Trace::error("sent");
+    EXPECT_EQ(trace.takeAll(), (Texts{"error: of another thread", "error: sent"}));
+}
+
 TEST(Trace, ManyThreadsSendWhileTheSinkChanges) {
     std::atomic<int> received{0};
     const Trace::Sink sink = [&](Trace::Level, const QByteArray&) { ++received; };

@@ -29,6 +29,7 @@ State& state() {
 
 thread_local int mutedDepth = 0;
 thread_local bool isInSink = false;
+thread_local std::vector<Trace::Message>* captured = nullptr; // of the innermost Capture
 
 QByteArray formatted(const char* format, va_list arguments) {
     va_list again;
@@ -52,6 +53,10 @@ void writeToStderr(const QByteArray& message) {
 }
 
 void send(Trace::Level level, const QByteArray& message) {
+    if (captured) {
+        captured->push_back({level, message});
+        return;
+    }
     std::shared_ptr<const Trace::Sink> sink;
     if (!isInSink) {
         const std::lock_guard<std::mutex> lock(state().mutex);
@@ -120,6 +125,12 @@ Trace::Muted::Muted() {
 
 Trace::Muted::~Muted() {
     --mutedDepth;
+}
+
+Trace::Capture::Capture() : m_outer(std::exchange(captured, &m_messages)) {}
+
+Trace::Capture::~Capture() {
+    captured = m_outer;
 }
 
 } // namespace Gorvel

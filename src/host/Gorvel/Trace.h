@@ -5,6 +5,7 @@
 #include <QByteArray>
 
 #include <functional>
+#include <vector>
 
 #if defined(__GNUC__)
 #define GORVEL_PRINTF_FORMAT __attribute__((format(printf, 1, 2)))
@@ -54,6 +55,29 @@ public:
         ~Muted();
         Muted(const Muted&) = delete;
         Muted& operator=(const Muted&) = delete;
+    };
+
+    /// A message that was kept.
+    struct Message {
+        Level level;
+        QByteArray text;
+    };
+
+    /// Keeps the messages of this thread while it lives, in the place of the sink. Such objects nest: the innermost
+    /// gets the messages.
+    class BRISKO_HOST_EXPORT Capture {
+    public:
+        Capture();
+        ~Capture();
+        Capture(const Capture&) = delete;
+        Capture& operator=(const Capture&) = delete;
+
+        /// Those so far, in their order.
+        const std::vector<Message>& messages() const { return m_messages; }
+
+    private:
+        std::vector<Message> m_messages;
+        std::vector<Message>* m_outer;
     };
 };
 
