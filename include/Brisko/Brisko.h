@@ -16,5 +16,6 @@
 #include "Brisko/SimpleSelector.h"
 #include "Brisko/Style.h"
 #include "Brisko/StyleSheet.h"
+#include "Brisko/StyleSheetWatcher.h"
 #include "Brisko/StyleStatistics.h"
 #include "Brisko/Styleable.h"

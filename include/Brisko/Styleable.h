@@ -110,6 +110,7 @@ protected:
 private:
     friend class Explanation;
     friend class StylePass;
+    friend class StyleSnapshot;
     template <typename T, typename Watcher>
     friend class Ondex::Watched;
 
