@@ -205,6 +205,8 @@ QByteArray helpText(const QByteArray& command) {
         for (const CommandRow& row : commandTable())
             text += "  " + usageLine(row).leftJustified(44) + " " + row.help + "\n";
     }
+    if (only && only->bit == WatchCommand)
+        text += "Options of that command may follow; a signal (Ctrl+C) ends it.\n";
     text += "\nOptions:\n";
     appendOptions(text, only ? only->bit : AllCommands);
     text += "\nExit:";
@@ -214,8 +216,31 @@ QByteArray helpText(const QByteArray& command) {
     return text;
 }
 
-Options readCommandLine(const std::vector<QByteArray>& arguments) {
-    Options options;
+namespace {
+
+bool canBeWatched(const QByteArray& command) {
+    static const QList<QByteArray> names = {"style", "render", "inspect", "check"};
+    return names.contains(command);
+}
+
+/// Reads arguments into options that others were read into before.
+void readInto(Options& options, const std::vector<QByteArray>& arguments);
+
+/// Reads the command that stands behind "watch".
+void readWatched(Options& options, const CLI::App& watch, const CommandRow& row) {
+    std::vector<QByteArray> arguments;
+    for (const std::string& argument : watch.remaining())
+        arguments.push_back(QByteArray::fromStdString(argument));
+    if (arguments.empty() || options.isWatched)
+        throw Failure::because("watch: no command given; usage: " + usageLine(row));
+    options.isWatched = true;
+    options.command.clear();
+    readInto(options, arguments);
+    if (!options.help && !options.version && !canBeWatched(options.command))
+        throw Failure::because("watch: '" + options.command + "' cannot be watched; usage: " + usageLine(row));
+}
+
+void readInto(Options& options, const std::vector<QByteArray>& arguments) {
     CLI::App app;
     app.name("brisko");
     app.require_subcommand(0, 1);
@@ -224,7 +249,10 @@ Options readCommandLine(const std::vector<QByteArray>& arguments) {
     for (const CommandRow& row : commandTable()) {
         CLI::App* subcommand = app.add_subcommand(row.name, row.help);
         const auto reader = readers.emplace(subcommand, ArgumentReader(*subcommand, row.bit)).first;
-        addPositionals(reader->second, row.bit, int(arguments.size()));
+        if (row.bit == WatchCommand)
+            subcommand->prefix_command();
+        else
+            addPositionals(reader->second, row.bit, int(arguments.size()));
     }
     std::vector<std::string> reversed; // as CLI11 wants them
     for (auto argument = arguments.rbegin(); argument != arguments.rend(); ++argument)
@@ -240,13 +268,22 @@ Options readCommandLine(const std::vector<QByteArray>& arguments) {
         readers.at(subcommand).apply(options);
     }
     if (options.help || options.version)
-        return options;
+        return;
     const CommandRow* command = findCommand(options.command);
     if (!command)
         throw Failure::because("no command given; see brisko --help");
+    if (command->bit == WatchCommand)
+        return readWatched(options, *app.get_subcommand(command->name), *command);
     const QByteArray wrong = complaint(options, *command);
     if (!wrong.isEmpty())
         throw Failure::because(options.command + ": " + wrong + "; usage: " + usageLine(*command));
+}
+
+} // namespace
+
+Options readCommandLine(const std::vector<QByteArray>& arguments) {
+    Options options;
+    readInto(options, arguments);
     return options;
 }
 

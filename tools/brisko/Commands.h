@@ -16,6 +16,12 @@ ExitCode runExplain(const Options& options, Console& console, MessageLog& log);
 ExitCode runRender(const Options& options, Console& console, MessageLog& log);
 ExitCode runInspect(const Options& options, Console& console, MessageLog& log);
 
+/// Runs the command of the options, once.
+ExitCode runOnce(const Options& options, Console& console, MessageLog& log);
+/// Runs it at once, and again whenever a file that it reads changes, until a signal ends the process. Throws Failure
+/// where the options are wrong, but not for a run that fails.
+ExitCode runWatch(const Options& options, Console& console);
+
 /// Writes the messages so far to the error stream, where the format is text.
 void reportMessages(const Options& options, Console& console, const MessageLog& log);
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Gorvel/FileStates_p.h"
 #include "Gorvel/Trace.h"
 
 #include <QByteArray>
@@ -15,7 +16,7 @@ struct Message {
     QByteArray subject; ///< empty where no file was at work
 };
 
-/// Collects the messages of a run while it lives. One at a time.
+/// Collects the messages of a run while it lives, and which files it takes. One at a time.
 class MessageLog {
 public:
     MessageLog();
@@ -29,9 +30,14 @@ public:
     const std::vector<Message>& messages() const { return m_messages; }
     bool hasErrors() const;
 
+    /// Notes a file that is about to be read, also one that may be missing.
+    void noteInput(const QString& path) { m_inputs.note(path); }
+    const Gorvel::FileStates& inputs() const { return m_inputs; }
+
 private:
     std::vector<Message> m_messages;
     QByteArray m_subject;
+    Gorvel::FileStates m_inputs;
     Gorvel::Trace::Sink m_previous;
 };
 

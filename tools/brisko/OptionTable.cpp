@@ -104,6 +104,8 @@ const std::vector<CommandRow>& commandTable() {
         {RenderCommand, "render", "SCENE -s SHEET... -o FILE.png|FILE.svg", "paint the styled scene into a picture"},
         {InspectCommand, "inspect", "SCENE -s SHEET... -o FILE.html",
          "write a page that shows the boxes of the scene and why its values won"},
+        {WatchCommand, "watch", "(style|render|inspect|check) ...",
+         "run a command again whenever a file that it reads changes"},
     };
     return table;
 }
@@ -155,9 +157,9 @@ const std::vector<OptionRow>& optionTable() {
          setColor},
         {"--debug", "", 0, AllCommands, "debug messages too",
          [](Options& options, const Arguments&) { options.debug = true; }},
-        {"-h,--help", "", 0, AllCommands, "print this help",
+        {"-h,--help", "", 0, AllCommands | WatchCommand, "print this help",
          [](Options& options, const Arguments&) { options.help = true; }},
-        {"--version", "", 0, AllCommands, "print the version",
+        {"--version", "", 0, AllCommands | WatchCommand, "print the version",
          [](Options& options, const Arguments&) { options.version = true; }},
     };
     return table;

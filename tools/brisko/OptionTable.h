@@ -15,6 +15,7 @@ enum CommandBit : unsigned {
     RenderCommand = 16,
     ExplainCommand = 32,
     InspectCommand = 64,
+    WatchCommand = 512, // stands before another one
     PictureCommands = RenderCommand | InspectCommand,
     SceneCommands = StyleCommand | QueryCommand | ExplainCommand | PictureCommands,
     AllCommands = CheckCommand | ParseCommand | SceneCommands

@@ -43,6 +43,7 @@ struct Options {
     bool anyProperty = false;
     bool allAttributes = false;
     bool debug = false;
+    bool isWatched = false; ///< whether the command is to run again at every change of its files
     bool help = false;
     bool version = false;
     QByteArray output;                 ///< file to write

@@ -35,13 +35,10 @@ private:
 };
 
 ExitCode runCommand(const Options& options, Console& console) {
-    const DebugMessages debugMessages(options.debug);
+    if (options.isWatched)
+        return runWatch(options, console);
     MessageLog log;
-    for (const RunRow& row : runTable) {
-        if (options.command == row.name)
-            return row.run(options, console, log);
-    }
-    return Failed;
+    return runOnce(options, console, log);
 }
 
 ExitCode runOptions(const Options& options, Console& console) {
@@ -55,6 +52,15 @@ ExitCode runOptions(const Options& options, Console& console) {
 }
 
 } // namespace
+
+ExitCode runOnce(const Options& options, Console& console, MessageLog& log) {
+    const DebugMessages debugMessages(options.debug);
+    for (const RunRow& row : runTable) {
+        if (options.command == row.name)
+            return row.run(options, console, log);
+    }
+    return Failed;
+}
 
 void reportMessages(const Options& options, Console& console, const MessageLog& log) {
     if (options.format == OutputFormat::Text)

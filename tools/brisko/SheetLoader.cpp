@@ -33,12 +33,20 @@ SheetLoader::SheetLoader(const Options& options, MessageLog& log)
     : m_log(log), m_sheet(std::make_shared<Brisko::StyleSheet>()) {
     m_parser.setMedia(QString::fromUtf8(options.media));
     m_parser.setDpi(options.dpi.value_or(0.f));
+    CSSParser::ImportFilter isInside;
     if (options.importRoot)
-        m_parser.setImportFilter(ImportRoot(*options.importRoot));
+        isInside = ImportRoot(*options.importRoot);
+    m_parser.setImportFilter([isInside, &log](const QString& path) {
+        const bool isAllowed = !isInside || isInside(path);
+        if (isAllowed)
+            log.noteInput(path);
+        return isAllowed;
+    });
 }
 
 CSSParser::ParseError SheetLoader::load(const SheetArgument& argument) {
     m_log.setSubject(argument.path);
+    m_log.noteInput(QFile::decodeName(argument.path));
     return m_parser.parseSheet(*m_sheet, QFile::decodeName(argument.path), &m_files,
                                SimpleSelector::Origin(argument.origin));
 }

@@ -32,6 +32,7 @@ StyledScene::StyledScene(const QByteArray& scene, const Options& options, Messag
         m_properties.addPropertiesOf(*m_sheets.sheet());
     Hexley::Mipmap::setSearchPaths(imageFolders(m_sheets.files(), scene));
     log.setSubject(scene);
+    log.noteInput(QFile::decodeName(scene));
     m_root = SceneReader(scene, m_properties).read();
     if (!options.sheets.empty())
         m_root->setStyle(Brisko::Style(m_sheets.sheet()));
