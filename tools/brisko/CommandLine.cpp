@@ -113,6 +113,7 @@ void addPositionals(ArgumentReader& reader, CommandBit command, int most) {
     case StyleCommand:
     case RenderCommand:
     case InspectCommand:
+    case ViewCommand:
         return reader.addPositionals(0, takeSceneThenSheets);
     default:
         return reader.addPositionals(0, takeSheet);
@@ -163,6 +164,7 @@ QByteArray complaint(const Options& options, const CommandRow& command) {
         return partsOfParse(options) != 1 ? "give one sheet, or -, or one of --selectors, --simple-selector, --value"
                                           : "";
     case StyleCommand:
+    case ViewCommand:
         return complaintOfScene(options);
     case RenderCommand:
         return complaintOfScene(options) + (complaintOfScene(options).isEmpty() ? complaintOfPicture(options) : "");

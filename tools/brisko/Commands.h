@@ -15,6 +15,7 @@ ExitCode runQuery(const Options& options, Console& console, MessageLog& log);
 ExitCode runExplain(const Options& options, Console& console, MessageLog& log);
 ExitCode runRender(const Options& options, Console& console, MessageLog& log);
 ExitCode runInspect(const Options& options, Console& console, MessageLog& log);
+ExitCode runView(const Options& options, Console& console, MessageLog& log);
 
 /// Runs the command of the options, once.
 ExitCode runOnce(const Options& options, Console& console, MessageLog& log);

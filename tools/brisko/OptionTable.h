@@ -15,9 +15,10 @@ enum CommandBit : unsigned {
     RenderCommand = 16,
     ExplainCommand = 32,
     InspectCommand = 64,
-    WatchCommand = 512, // stands before another one
+    ViewCommand = 128,
+    WatchCommand = 256, // stands before another one
     PictureCommands = RenderCommand | InspectCommand,
-    SceneCommands = StyleCommand | QueryCommand | ExplainCommand | PictureCommands,
+    SceneCommands = StyleCommand | QueryCommand | ExplainCommand | PictureCommands | ViewCommand,
     AllCommands = CheckCommand | ParseCommand | SceneCommands
 };
 

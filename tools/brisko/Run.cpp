@@ -17,7 +17,7 @@ struct RunRow {
 
 constexpr RunRow runTable[] = {
     {"check", runCheck},     {"parse", runParse},   {"style", runStyle},     {"query", runQuery},
-    {"explain", runExplain}, {"render", runRender}, {"inspect", runInspect},
+    {"explain", runExplain}, {"render", runRender}, {"inspect", runInspect}, {"view", runView},
 };
 
 /// Has debug messages come while it lives, where they were asked for.

@@ -4,31 +4,15 @@
 #include "BorderPainter.h"
 #include "PaintGeometry.h"
 #include "SceneWalk.h"
+#include "Shown.h"
 #include "TextPainter.h"
-
-#include <algorithm>
 
 namespace Command {
 
 using Brisko::CSSBoxModel;
 using Brisko::Styleable;
-using Ondex::Attribute;
 
 namespace {
-
-/// 0 to 1; 1 for what is no number.
-float opacityOf(const Styleable& node) {
-    const Attribute* attribute = node.attribute("opacity");
-    bool ok = false;
-    const float opacity = attribute ? attribute->asFloat(&ok, Attribute::EffectiveLayer) : 1.f;
-    return ok && opacity < 1.f ? std::max(opacity, 0.f) : 1.f;
-}
-
-bool isVisible(const Styleable& node) {
-    constexpr int visible = 0;
-    const Attribute* attribute = node.attribute("visibility");
-    return !attribute || attribute->asInt(nullptr, Attribute::EffectiveLayer) == visible;
-}
 
 /// What the node itself paints, without its children.
 QRectF ownBounds(const CSSBoxModel& node, const QPointF& origin, double bottom) {

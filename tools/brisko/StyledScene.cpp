@@ -10,9 +10,6 @@
 
 namespace Command {
 
-namespace {
-
-/// Where relative paths of images lead: the folders of the sheets, in their order, then that of the scene.
 QStringList imageFolders(const QStringList& sheets, const QByteArray& scene) {
     QStringList folders;
     for (const QString& file : sheets + QStringList(QFile::decodeName(scene)))
@@ -20,8 +17,6 @@ QStringList imageFolders(const QStringList& sheets, const QByteArray& scene) {
     folders.removeDuplicates();
     return folders;
 }
-
-} // namespace
 
 StyledScene::StyledScene(const QByteArray& scene, const Options& options, MessageLog& log) : m_sheets(options, log) {
     std::vector<Change> changes;

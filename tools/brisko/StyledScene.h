@@ -6,6 +6,9 @@
 
 namespace Command {
 
+/// Where relative paths of images lead: the folders of the sheets, in their order, then that of the scene.
+QStringList imageFolders(const QStringList& sheets, const QByteArray& scene);
+
 /// The scene of a command line with its sheets laid over it and its changes made.
 class StyledScene {
 public:
