@@ -147,6 +147,17 @@ INSTANTIATE_TEST_SUITE_P(
             ""}),
     [](const auto& tested) { return tested.param.name; });
 
+TEST_F(CheckScene, TooManyChoicesOfAncestorsAreNoClaim) {
+    std::string scene = "<b class='c'/>";
+    for (int depth = 0; depth < 12; ++depth)
+        scene = "<a>" + scene + "</a>";
+    const std::string weak = "*:hover *:focus *:active b { width: 1px }\n";
+    EXPECT_EQ(findings(scene, weak + "*:hover *:focus *:active b.c { width: 2px }"), "");
+    EXPECT_EQ(findings(scene, weak + "b { width: 2px !important }"),
+              "1 warning overridden-declaration: 'width' can never win: a.css:2 overrides it on the node that it "
+              "reaches, whatever pseudo-classes are on\n");
+}
+
 TEST_F(CheckScene, OverriddenTextsSayWhere) {
     EXPECT_EQ(
         findings(panelScene, "#main { width: 1px;\n width: 2px }"),

@@ -74,10 +74,12 @@ private:
     /// The number of a declaration that a candidate loses to in every state in which it matches; -1 where there is a
     /// state in which it wins, or may win.
     int alwaysStronger(std::size_t place) const {
-        const auto states = place > 0 ? leastStates(m_node, m_candidates[place].selector) : std::nullopt;
+        int stronger = strongerIn({}, place); // what matches with nothing on always does
+        if (stronger >= 0 || place == 0)
+            return stronger;
+        const auto states = leastStates(m_node, m_candidates[place].selector);
         if (!states)
             return -1;
-        int stronger = -1;
         for (const PseudoState& state : *states) {
             const int found = strongerIn(state, place);
             if (found < 0)
