@@ -426,6 +426,20 @@ test('characters that cannot be seen are shown as escapes', async () => {
     await context.close();
 });
 
+test('boxes that are not finite are left out', async () => {
+    const scene = write('infinite.xml', '<s><a x="1e30" y="1e30"><b/></a><b/></s>');
+    const sheet = write('infinite.css', 'b { width: calc(1 / 0) }');
+    const {page, context, trouble} = await open(inspect({scene, sheets: [sheet]}), {hash: '#/s/b[1]'});
+    assert.equal(await page.locator('#boxes .note').textContent(), 'This node has no finite box.');
+    assert.equal(await page.locator('.selected .edge').count(), 0);
+    await page.locator('#show-outlines').check();
+    await page.locator('#tree').focus();
+    for (const key of ['ArrowUp', 'ArrowUp', 'ArrowUp', 'End'])
+        await page.keyboard.press(key);
+    assert.deepEqual(trouble, []);
+    await context.close();
+});
+
 test('scenes of many and of deeply nested nodes are shown', async () => {
     const wide = write('wide.xml', '<s>' + '<a><b/></a>'.repeat(5000) + '</s>');
     const deep = write('deep.xml', '<a>'.repeat(3000) + '</a>'.repeat(3000));

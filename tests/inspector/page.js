@@ -6,7 +6,7 @@ const fs = require('node:fs');
 const os = require('node:os');
 const path = require('node:path');
 const {pathToFileURL} = require('node:url');
-const {chromium} = require('playwright-core');
+const {chromium} = requirePlaywright();
 
 const program = process.env.BRISKO_PROGRAM;
 const examples = process.env.BRISKO_EXAMPLES;
@@ -14,6 +14,14 @@ const folder = fs.mkdtempSync(path.join(os.tmpdir(), 'brisko-inspector-'));
 const player = {scene: path.join(examples, 'scene.xml'), sheets: ['main.css', 'mistakes.css'].map(
     (name) => path.join(examples, 'style', name))};
 let browser = null;
+
+function requirePlaywright() {
+    try {
+        return require('playwright-core');
+    } catch {
+        throw new Error('playwright-core is missing: ./dev test installs it into build/browser');
+    }
+}
 
 /** Runs the command. @return its output as JSON */
 function briskoJson(...words) {
