@@ -43,6 +43,12 @@ def commands() -> list:
     return re.findall(r"^  brisko ([\w-]+)", printed(BRISKO, "--help"), re.MULTILINE)
 
 
+def commands_below(command: str) -> list:
+    """The commands that a command runs: "(style|check) ..." in its usage."""
+    found = re.search(rf"^  brisko {command} \(([\w|-]+)\)", printed(BRISKO, "--help"), re.MULTILINE)
+    return found.group(1).split("|") if found else []
+
+
 def options(command: str) -> set:
     """The names of the options in the help of a command."""
     help_text = printed(BRISKO, command, "--help").split("\nOptions:\n")[1]
@@ -83,7 +89,12 @@ class Completion:
     def test_every_option_is_offered(self):
         for command in commands():
             with self.subTest(command):
-                self.assertEqual(self.offered(f"brisko {command} -"), options(command))
+                below = commands_below(command)
+                if below:
+                    self.assertEqual(self.offered(f"brisko {command} "), set(below))
+                    self.assertEqual(self.offered(f"brisko {command} {below[0]} -"), options(below[0]))
+                else:
+                    self.assertEqual(self.offered(f"brisko {command} -"), options(command))
 
 
 class Bash(Completion, unittest.TestCase):

@@ -77,15 +77,16 @@ QByteArray optionHeading(const OptionRow& option) {
     return forms.join(", ");
 }
 
-/// Which commands have an option; empty where all do.
+/// Which commands have an option; empty where all do that do not run others.
 QByteArray belongsTo(const OptionRow& option) {
+    if ((option.commands & Command::AllCommands) == Command::AllCommands)
+        return "";
     QList<QByteArray> names;
     for (const CommandRow& command : Command::commandTable()) {
         if (option.commands & command.bit)
             names.append(bold(command.name));
     }
-    return names.size() == int(Command::commandTable().size()) ? QByteArray()
-                                                               : "\n.br\nOnly of " + names.join(", ") + ".";
+    return "\n.br\nOnly of " + names.join(", ") + ".";
 }
 
 QByteArray options() {
