@@ -78,6 +78,17 @@ TEST_F(WatchCommand, ChecksAgainAtEveryChange) {
     EXPECT_EQ(m_err, "");
 }
 
+TEST_F(WatchCommand, ChecksAgainWhenTheSceneChanges) {
+    const std::string scene = write("s.xml", "<s/>");
+    start({"check", write("a.css", "b { opacity: 1 }"), "--scene", scene, "--format", "json"});
+    ASSERT_TRUE(waitForLines(1));
+    EXPECT_THAT(takeOut(), HasSubstr("unmatched-rule"));
+    write("s.xml", "<s><b/></s>");
+    ASSERT_TRUE(waitForLines(1));
+    EXPECT_EQ(takeOut().find("unmatched-rule"), std::string::npos);
+    EXPECT_EQ(exitCodeAfter(SIGINT), 0);
+}
+
 TEST_F(WatchCommand, WritesOneJsonDocumentALineForEachRun) {
     const std::string scene = write("s.xml", "<s/>");
     const std::string import = path("late.css");

@@ -54,6 +54,8 @@ private:
     void noteArguments(MessageLog& log) const {
         for (const QByteArray& scene : m_options.arguments)
             log.noteInput(QFile::decodeName(scene));
+        if (m_options.scene)
+            log.noteInput(QFile::decodeName(*m_options.scene));
         for (const SheetArgument& sheet : m_options.sheets)
             log.noteInput(QFile::decodeName(sheet.path));
     }
