@@ -144,7 +144,7 @@ TEST_F(WatchCommand, TellsTheTimeOnATerminal) {
     const QString sheet = QString::fromStdString(write("a.css", "a { x: 1 }"));
     start("script", {"-qec", "NO_COLOR=1 exec " BRISKO_PROGRAM " watch check " + sheet, "/dev/null"});
     ASSERT_TRUE(waitForLines(1));
-    EXPECT_EQ(takeOut(), "brisko: watching 1 files; Ctrl+C ends it\r\n");
+    EXPECT_EQ(takeOut(), "brisko: watching 1 file; Ctrl+C ends it\r\n");
     write("a.css", "a + b { x: 1 }");
     ASSERT_TRUE(waitForLines(3));
     EXPECT_THAT(takeOut(), testing::MatchesRegex("\r\n==> [0-9:]{8} .*a.css changed\r\n"

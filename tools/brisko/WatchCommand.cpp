@@ -26,8 +26,7 @@ public:
     ExitCode exec() {
         run();
         if (m_console.errIsTerminal && m_options.format == OutputFormat::Text)
-            m_console.err << "brisko: watching " << m_watch.states().paths().size() << " files; Ctrl+C ends it"
-                          << std::endl;
+            printFileCount(m_watch.states().paths().size());
         if (m_code == Done)
             QCoreApplication::exec();
         return m_code;
@@ -49,6 +48,11 @@ private:
             m_code = Failed;
             QCoreApplication::quit();
         }
+    }
+
+    void printFileCount(int count) {
+        m_console.err << "brisko: watching " << count << (count == 1 ? " file" : " files") << "; Ctrl+C ends it"
+                      << std::endl;
     }
 
     void noteArguments(MessageLog& log) const {
