@@ -32,7 +32,8 @@ namespace Brisko {
 /// gives a function instead of connecting a signal: no class of this library is a QObject, and programs that use it
 /// take no further step of their build.
 ///
-/// It may be destroyed, also by its handler and by listeners of attributes, whenever its user likes; so may the roots.
+/// It may be destroyed, also by its handler, its functions and by listeners of attributes, whenever its user likes; so
+/// may the roots.
 class BRISKO_EXPORT StyleSheetWatcher {
 public:
     /// A sheet to read, as CSSParser::parseSheet() takes it.
@@ -83,7 +84,7 @@ public:
     /// Sets what is told of every reload, once it is over. It must not throw.
     void setHandler(Handler handler);
     /// Sets what is called with every new sheet and the files that it was read from, before any root is given it: to
-    /// register attributes, or to set where images are looked for. It must not throw or destroy the watcher.
+    /// register attributes, or to set where images are looked for. It must not throw.
     void setPreparation(Preparation preparation);
 
     /// Gives a root the sheet in force, if there is one, and every later one. A root that is deleted is forgotten; one

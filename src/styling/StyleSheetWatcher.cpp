@@ -80,8 +80,9 @@ Reading StyleSheetWatcher::Session::read() const {
     CSSParser parser;
     parser.setMedia(m_media);
     parser.setDpi(m_dpi);
-    parser.setImportFilter([&](const QString& path) {
-        if (m_filter && !m_filter(path))
+    // The functions of the user are copied before they run, as they may set others in their place.
+    parser.setImportFilter([&, filter = m_filter](const QString& path) {
+        if (filter && !filter(path))
             return false;
         if (++imports <= mostImports)
             reading.states.note(path);
@@ -113,11 +114,12 @@ void StyleSheetWatcher::Session::layOver(Report& report) {
 void StyleSheetWatcher::Session::reload(const std::shared_ptr<Session>& self, const QStringList& changedFiles) {
     const std::shared_ptr<Session> kept = self;
     Report report;
-    const Handler handler = self->m_handler;
     {
-        const std::unique_ptr<Trace::Capture> capture = handler ? std::make_unique<Trace::Capture>() : nullptr;
+        const auto capture = self->m_handler ? std::make_unique<Trace::Capture>() : nullptr;
         self->m_isReloading = true;
         Reading reading = self->read();
+        if (!self->m_watch) // a sink or the filter destroyed the watcher
+            return;
         report.result = self->m_lastResult = reading.result;
         report.unreadable = reading.unreadable;
         report.changedFiles = changedFiles;
@@ -125,14 +127,14 @@ void StyleSheetWatcher::Session::reload(const std::shared_ptr<Session>& self, co
         self->m_watch->watch(reading.states);
         if (reading.result != CSSParser::OpenError) {
             self->m_sheet = reading.sheet;
-            if (self->m_preparation)
-                self->m_preparation(*reading.sheet, reading.files);
+            if (const Preparation preparation = self->m_preparation)
+                preparation(*reading.sheet, reading.files);
             self->layOver(report);
         }
         if (capture)
             report.messages = capture->messages();
     }
-    if (handler && self->m_watch)
+    if (const Handler handler = self->m_handler) // none any more where the watcher was destroyed
         handler(report);
     self->m_isReloading = false;
 }

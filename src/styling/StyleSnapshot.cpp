@@ -40,16 +40,21 @@ bool isSameDeclaration(const Declaration& a, const Declaration& b) {
 } // namespace
 
 void StyleSnapshot::add(Styleable& root) {
+    for (const Ondex::Node* node = &root; node; node = node->host()) {
+        if (m_roots.count(node) > 0)
+            return;
+    }
     std::vector<Styleable*> open{&root};
     while (!open.empty()) {
         Styleable* node = open.back();
         open.pop_back();
         m_entries.emplace_back(*node, winsOf(*node));
         for (auto child = node->m_children.rbegin(); child != node->m_children.rend(); ++child) {
-            if (*child)
+            if (*child && m_roots.count(*child) == 0)
                 open.push_back(*child);
         }
     }
+    m_roots.insert(&root);
 }
 
 std::vector<Styleable*> StyleSnapshot::changedNodes() {

@@ -5,6 +5,7 @@
 
 #include <deque>
 #include <map>
+#include <unordered_set>
 #include <vector>
 
 namespace Brisko {
@@ -21,7 +22,7 @@ namespace Brisko {
 /// that it was made in.
 class StyleSnapshot {
 public:
-    /// Adds a node and all nodes below it.
+    /// Adds a node and all nodes below it, but for those that were added before.
     void add(Styleable& root);
 
     /// The nodes, in the order in which they were added, for which another value won than before, or one of another
@@ -53,6 +54,7 @@ private:
     static bool isSame(const Styleable& node, const Win& before, const Win& now);
 
     std::deque<Entry> m_entries;
+    std::unordered_set<const Ondex::Node*> m_roots; ///< of the trees that were added
     std::map<const StyleSheet*, Table> m_tables;
 };
 

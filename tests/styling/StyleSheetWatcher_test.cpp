@@ -291,6 +291,58 @@ TEST_F(StyleSheetWatcherTest, PreparesBeforeTheRootsAreStyled) {
     EXPECT_EQ(x(m_first), "2");
 }
 
+TEST_F(StyleSheetWatcherTest, MayBeDestroyedByItsFilter) {
+    m_folder.write("sub.css", "button { x: 1 }");
+    begin({{m_folder.write("main.css", "@import 'sub.css'; button { x: 2 }")}});
+    const auto token = std::make_shared<int>(7); // gone, with the filter, where that does not outlive its own call
+    m_watcher->setImportFilter([this, token](const QString&) {
+        m_watcher.reset();
+        return *token == 7;
+    });
+    m_folder.replace("main.css", "@import 'sub.css'; button { x: 3 }");
+    EXPECT_TRUE(m_loop.waitFor([&] { return !m_watcher; }));
+    EXPECT_EQ(m_reports.size(), 1u);
+    EXPECT_EQ(x(m_first), "2");
+}
+
+TEST_F(StyleSheetWatcherTest, MayBeDestroyedByItsPreparation) {
+    begin("button { x: 1 }");
+    m_watcher->setPreparation([this](const Brisko::StyleSheet&, const QStringList&) { m_watcher.reset(); });
+    m_folder.replace("main.css", "button { x: 2 }");
+    EXPECT_TRUE(m_loop.waitFor([&] { return !m_watcher; }));
+    EXPECT_EQ(m_reports.size(), 1u);
+    EXPECT_EQ(x(m_first), "1");
+}
+
+TEST_F(StyleSheetWatcherTest, APreparationMayTakeItselfAway) {
+    begin("button { x: 1 }");
+    int calls = 0;
+    m_watcher->setPreparation([this, &calls, token = std::make_shared<int>(1)](auto&...) {
+        m_watcher->setPreparation(nullptr);
+        calls += *token;
+    });
+    m_watcher->reload();
+    m_watcher->reload();
+    EXPECT_EQ(calls, 1);
+}
+
+TEST_F(StyleSheetWatcherTest, DoesNotTellAHandlerThatAListenerTookAway) {
+    begin("button { x: 1 }");
+    m_first->attribute("x")->addListener([&] { m_watcher->setHandler(nullptr); }, 0);
+    m_folder.write("main.css", "button { x: 2 }");
+    m_watcher->reload();
+    EXPECT_EQ(x(m_second), "2");
+    EXPECT_EQ(m_reports.size(), 1u);
+}
+
+TEST_F(StyleSheetWatcherTest, ListsANodeOnceThatIsBelowTwoRoots) {
+    begin("button { x: 1 }");
+    m_watcher->addRoot(*m_second);
+    m_folder.write("main.css", "button { x: 2 }");
+    m_watcher->reload();
+    EXPECT_EQ(last().changedNodes, (std::vector<Styleable*>{m_first, m_second}));
+}
+
 /// A sheet, the one that takes its place, and the buttons that change by that.
 struct ChangeCase {
     const char* name;
