@@ -126,7 +126,9 @@ void ParserDriver::stopTokens() {
 }
 
 void ParserDriver::error(const QByteArray& message) {
-    Trace::error("%s:%d: error: %s", m_fileName.toUtf8().constData(), currentLine(), message.constData());
+    QByteArray whole = message;
+    whole.replace('\0', "\\x00"); // which would end it
+    Trace::error("%s:%d: error: %s", m_fileName.toUtf8().constData(), currentLine(), whole.constData());
 }
 
 void ParserDriver::reset(StyleSheet* sheet, QStringList* fileList, const QString& fileName,

@@ -175,6 +175,12 @@ TEST_F(ImportFilter, StaysFromParseToParse) {
     trace.takeErrors();
 }
 
+TEST_F(ImportFilter, APathWithANulIsToldWhole) {
+    filterBy([](const QString&) { return false; });
+    EXPECT_TRUE(parser.parseString(sheet, "@import 'i\\0 .css';", &files, author));
+    EXPECT_EQ(trace.takeErrors(), Strings{":0: error: @import of 'i\\x00.css' is refused"});
+}
+
 } // namespace
 
 } // namespace Testing
