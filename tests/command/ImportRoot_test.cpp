@@ -70,6 +70,8 @@ TEST_F(ImportRoot, SymbolicLinksAreFollowed) {
     link(path("rootless"), "root/folder");
     expectRefused("folder/sub.css");
     expectRefused("folder/../outside.css"); // ".." behind a link leads elsewhere than the text says
+    link(path("nowhere.css"), "root/dangling.css");
+    expectRefused("dangling.css");
     link(path("root/deep"), "inner");
     expectAllowed("../inner/sub.css", "deep");
 }

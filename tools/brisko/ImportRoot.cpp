@@ -16,6 +16,8 @@ QString resolved(const QString& path) {
     const QString canonical = file.canonicalFilePath();
     if (!canonical.isEmpty())
         return canonical;
+    if (file.isSymLink()) // to nowhere
+        return QString();
     const QString folder = QFileInfo(file.path()).canonicalFilePath();
     return folder.isEmpty() ? QString() : folder + '/';
 }
