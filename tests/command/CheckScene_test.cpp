@@ -158,6 +158,24 @@ TEST_F(CheckScene, TooManyChoicesOfAncestorsAreNoClaim) {
               "reaches, whatever pseudo-classes are on\n");
 }
 
+TEST_F(CheckScene, SheetsThatChangeWhatNodesAreCalledAreNotJudged) {
+    const std::string scene = "<scene><button class='primary' id='x'/></scene>";
+    for (const char* sheet : {"button { width: 1px }\n.big { width: 3px }\nbutton:hover { css-class: big !important }",
+                              ".primary { width: 10px }\nbutton:hover { css-class: big !important }",
+                              "#x { width: 10px }\nbutton:hover { css-id: big !important }"})
+        EXPECT_EQ(findings(scene, sheet), "") << sheet;
+}
+
+TEST_F(CheckScene, FileThatIsReadTwiceIsNotOverriddenByItself) {
+    const std::string scene = write("s.xml", "<scene><button class='b'/></scene>");
+    write("base.css", "button { width: 1px }\nbutton { height: 1px }\n.b { height: 2px }");
+    const std::string a = write("a.css", "@import 'base.css';");
+    const std::string b = write("b.css", "@import 'base.css';");
+    const QJsonArray found = run({"check", a, b, "--scene", scene, "--format", "json"}).json()["findings"].toArray();
+    ASSERT_EQ(found.size(), 1);
+    EXPECT_EQ(found[0].toObject()["line"].toInt(), 2) << found[0].toObject()["text"].toString().toStdString();
+}
+
 TEST_F(CheckScene, OverriddenTextsSayWhere) {
     EXPECT_EQ(
         findings(panelScene, "#main { width: 1px;\n width: 2px }"),

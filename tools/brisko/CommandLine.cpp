@@ -137,6 +137,8 @@ QByteArray complaintOfPicture(const Options& options) {
 
 QByteArray complaintOfExplain(const Options& options) {
     const bool isPropertyNeeded = options.whyNot.empty();
+    if (options.arguments.size() == 3 && options.arguments[2].isEmpty())
+        return "the property has no name";
     if (options.arguments.size() > 3 || options.arguments.size() < (isPropertyNeeded ? 3 : 2))
         return "give a scene, a selector and a property, or a scene, a selector and --why-not SELECTOR";
     return options.sheets.empty() ? "no sheet given; use -s FILE" : "";

@@ -11,6 +11,12 @@ using Brisko::Styleable;
 using Ondex::Attribute;
 using Outcome = Explanation::Outcome;
 
+namespace {
+
+constexpr std::size_t mostRivals = 64; // stronger candidates that are looked at in a state; more are no claim
+
+} // namespace
+
 /// One node and what competes for its properties.
 class DeclarationReach::Visit {
 public:
@@ -20,6 +26,11 @@ public:
         for (const QByteArray& property : m_explanation.properties()) {
             m_candidates = m_explanation.candidates(property);
             m_attribute = m_node.attribute(property);
+            m_offered.clear();
+            m_numbers.clear();
+            for (const Candidate& candidate : m_candidates)
+                m_numbers.insert(candidate.declaration.id());
+            findConstants();
             for (std::size_t i = 0; i < m_candidates.size(); ++i)
                 judge(i);
         }
@@ -74,7 +85,7 @@ private:
     /// The number of a declaration that a candidate loses to in every state in which it matches; -1 where there is a
     /// state in which it wins, or may win.
     int alwaysStronger(std::size_t place) const {
-        int stronger = strongerIn({}, place); // what matches with nothing on always does
+        int stronger = strongerConstant(place);
         if (stronger >= 0 || place == 0)
             return stronger;
         const auto states = leastStates(m_node, m_candidates[place].selector);
@@ -89,9 +100,30 @@ private:
         return stronger;
     }
 
+    /// Finds the strongest candidates of two declarations that match with nothing on, and so always do.
+    void findConstants() {
+        m_constants.clear();
+        for (std::size_t i = 0; i < m_candidates.size() && m_constants.size() < 2; ++i) {
+            const bool isKnown = !m_constants.empty() &&
+                                 m_candidates[m_constants.front()].declaration.id() == m_candidates[i].declaration.id();
+            if (!isKnown && matchesIn({}, m_node, m_candidates[i].selector) && isSurelyOffered(m_candidates[i]))
+                m_constants.push_back(i);
+        }
+    }
+
+    int strongerConstant(std::size_t place) const {
+        const int own = m_candidates[place].declaration.id();
+        for (const std::size_t constant : m_constants) {
+            const int number = m_candidates[constant].declaration.id();
+            if (constant < place && number != own)
+                return number;
+        }
+        return -1;
+    }
+
     int strongerIn(const PseudoState& state, std::size_t place) const {
         const int own = m_candidates[place].declaration.id();
-        for (std::size_t i = 0; i < place; ++i) {
+        for (std::size_t i = 0; i < std::min(place, mostRivals); ++i) {
             const Candidate& other = m_candidates[i];
             if (other.declaration.id() != own && matchesIn(state, m_node, other.selector) && isSurelyOffered(other))
                 return other.declaration.id();
@@ -104,25 +136,37 @@ private:
     bool isSurelyOffered(const Candidate& part) const {
         if (part.via.isEmpty())
             return true;
-        for (const Candidate& other : m_explanation.candidates(part.via)) {
-            if (other.declaration.id() == part.declaration.id())
-                return true;
-            if (!isAmongCandidates(other.declaration.id()))
-                return false;
+        auto offered = m_offered.find(part.via);
+        if (offered == m_offered.end()) {
+            offered = m_offered.insert(part.via, {});
+            for (const int number : shorthandNumbers(part.via)) {
+                if (!m_numbers.contains(number))
+                    break;
+                offered->insert(number);
+            }
         }
-        return false;
+        return offered->contains(part.declaration.id());
     }
 
-    bool isAmongCandidates(int declaration) const {
-        return std::any_of(m_candidates.begin(), m_candidates.end(), [declaration](const Candidate& candidate) {
-            return candidate.declaration.id() == declaration;
-        });
+    /// The declarations that compete for a shorthand, strongest first.
+    const std::vector<int>& shorthandNumbers(const QByteArray& shorthand) const {
+        const auto found = m_shorthands.constFind(shorthand);
+        if (found != m_shorthands.constEnd())
+            return *found;
+        std::vector<int> numbers;
+        for (const Candidate& candidate : m_explanation.candidates(shorthand))
+            numbers.push_back(candidate.declaration.id());
+        return *m_shorthands.insert(shorthand, std::move(numbers));
     }
 
     Styleable& m_node;
     DeclarationReach& m_reach;
     const Explanation m_explanation;
-    Candidates m_candidates; // for one property, strongest first
+    mutable QHash<QByteArray, std::vector<int>> m_shorthands; // what was asked of shorthandNumbers()
+    Candidates m_candidates;                                  // for one property, strongest first
+    QSet<int> m_numbers;                                      // their declarations
+    std::vector<std::size_t> m_constants;                     // places of those that always match, of two declarations
+    mutable QHash<QByteArray, QSet<int>> m_offered;           // by shorthand: what is surely offered
     Attribute* m_attribute = nullptr;
 };
 

@@ -2,6 +2,8 @@
 
 #include "AttributeValues.h"
 
+#include <algorithm>
+
 namespace Command {
 
 using Brisko::Explanation;
@@ -165,9 +167,14 @@ void writeWhyNot(JsonWriter& json, const SceneWalk& walk, const Brisko::Selector
         json.value(mismatch->attempts.empty());
         json.key("attempts");
         json.beginArray();
-        for (const Mismatch::Attempt& attempt : mismatch->attempts)
-            writeAttempt(json, walk, attempt);
+        const std::size_t shown = std::min(mismatch->attempts.size(), mostAttempts);
+        for (std::size_t i = 0; i < shown; ++i)
+            writeAttempt(json, walk, mismatch->attempts[i]);
         json.endArray();
+        if (shown < mismatch->attempts.size()) {
+            json.key("moreAttempts");
+            json.value(int(mismatch->attempts.size() - shown));
+        }
     }
     json.endObject();
 }

@@ -6,6 +6,9 @@
 
 namespace Command {
 
+/// How many ancestors are listed that a selector was tried on, from the nearest up; those above are counted.
+constexpr std::size_t mostAttempts = 16;
+
 /// The rule of the cascade by which a declaration lost, in one word or two; null for one that wins.
 const char* lossName(Brisko::Explanation::Outcome outcome);
 

@@ -1,6 +1,7 @@
 #include "ExplainText.h"
 
 #include "AttributeValues.h"
+#include "ExplainJson.h"
 #include "Gorvel/StringUtils.h"
 #include "SceneText.h"
 
@@ -106,9 +107,11 @@ QByteArray namesOf(const std::vector<Mismatch::Unmet>& unmet) {
 QByteArray heldText(const Attribute* attribute, const std::vector<Candidate>& candidates) {
     if (!attribute)
         return "(the node has no such property)";
-    const bool isWon = std::any_of(candidates.begin(), candidates.end(),
-                                   [](const Candidate& candidate) { return candidate.outcome == Outcome::Wins; });
-    return isWon && !isSet(*attribute) ? "(see its longhands)" : effectiveText(*attribute);
+    const bool isTaken = std::any_of(candidates.begin(), candidates.end(), [](const Candidate& candidate) {
+        return candidate.outcome == Outcome::Wins || candidate.outcome == Outcome::OverriddenByProgram ||
+               candidate.outcome == Outcome::OverriddenByTransition;
+    });
+    return isTaken && !isSet(*attribute) ? "(see its longhands)" : effectiveText(*attribute);
 }
 
 } // namespace
@@ -168,11 +171,15 @@ void ExplainText::writeWhyNot(const SceneWalk& walk, const Brisko::Selector& sel
     const QByteArray compound = StringUtils::printable(mismatch->text);
     if (mismatch->attempts.empty())
         m_out << "      " << compound.constData() << ": no such ancestor\n";
-    for (const Mismatch::Attempt& attempt : mismatch->attempts) {
+    const std::size_t shown = std::min(mismatch->attempts.size(), mostAttempts);
+    for (std::size_t i = 0; i < shown; ++i) {
+        const Mismatch::Attempt& attempt = mismatch->attempts[i];
         m_out << "      " << compound.constData() << ": not "
               << StringUtils::printable(walk.pathOf(*attempt.node)).constData() << " ("
               << namesOf(attempt.unmet).constData() << ")\n";
     }
+    if (shown < mismatch->attempts.size())
+        m_out << "      and none of the " << mismatch->attempts.size() - shown << " nodes above\n";
 }
 
 } // namespace Command
