@@ -284,4 +284,36 @@ TEST_F(InspectCommand, ThousandDifferentNodesTakeLessThanThreeMebibytes) {
     EXPECT_LT(page.size(), 3 << 20);
 }
 
+TEST_F(InspectCommand, WinnersShareTheLosersThatTheyBeat) {
+    const QJsonObject data = inspected(R"(<s><a id="i"/><a id="j"/></s>)", "a { opacity: 0.1 } s a { opacity: 0.2 }\n"
+                                                                           "#i { opacity: 0.3 } #j { opacity: 0.4 }");
+    EXPECT_EQ(contestOf(data, 1, "opacity"), (Lines{"0.3 #i: wins", "0.2 s a: specificity", "0.1 a: specificity"}));
+    EXPECT_EQ(contestOf(data, 2, "opacity"), (Lines{"0.4 #j: wins", "0.2 s a: specificity", "0.1 a: specificity"}));
+    EXPECT_EQ(data["chains"].toArray().size(), 1 + 4);
+}
+
+TEST_F(InspectCommand, ThousandNodesWithTenLosersForEachPropertyTakeLessThanThreeMillionBytes) {
+    std::string scene = "<scene>";
+    std::string sheet;
+    for (int panel = 0; panel < 100; ++panel) {
+        scene += "<panel>";
+        for (int place = 0; place < 9; ++place) {
+            const std::string id = "b" + std::to_string(panel) + "_" + std::to_string(place);
+            scene += "<button id=\"" + id + "\" class=\"x" + std::to_string(place) + "\">text</button>";
+            sheet += "#" + id + " { x: 0px; y: " + std::to_string(place) +
+                     "px; width: " + std::to_string(panel + place) + "px; background: rgb(" + std::to_string(panel) +
+                     ", 2, 3); border: 1px solid red; font: 12px Arial; padding: 2px }\n";
+        }
+        scene += "</panel>";
+    }
+    for (int rule = 0; rule < 90; ++rule)
+        sheet += "button.x" + std::to_string(rule % 9) + " { width: " + std::to_string(rule) +
+                 "px; background: #fff; margin: 3px; font: bold 12px x; border: 2px solid blue; padding: 3px 4px }\n";
+    const QByteArray page = inspect(scene + "</scene>", sheet);
+    const QJsonObject data = dataOf(page);
+    EXPECT_EQ(data["nodes"].toArray().size(), 1001);
+    EXPECT_EQ(contestOf(data, 2, "border-left-width").size(), 11u);
+    EXPECT_LT(page.size(), 3000000);
+}
+
 } // namespace

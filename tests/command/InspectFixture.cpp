@@ -68,8 +68,11 @@ std::vector<std::string> contestOf(const QJsonObject& data, int node, const QStr
     for (const QJsonArray& contest : rowsOf(data, data["nodes"].toArray()[node].toObject()["contests"], "contests")) {
         if (textAt(data, contest[0]) != property)
             continue;
-        for (int i = 1; i < contest.size(); i += 2)
-            lines.push_back(candidateText(data, contest[i]) + ": " + outcomes[contest[i + 1].toInt()]);
+        for (int number = contest[1].toInt(); number != 0;) {
+            const QJsonArray chain = data["chains"].toArray().at(number).toArray();
+            lines.push_back(candidateText(data, chain[0]) + ": " + outcomes[chain[1].toInt()]);
+            number = chain[2].toInt();
+        }
     }
     return lines;
 }

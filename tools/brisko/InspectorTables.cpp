@@ -107,17 +107,18 @@ int InspectorTables::candidate(const Explanation::Candidate& candidate) {
                                   candidate.classCount(), candidate.typeCount(), number(candidate.via), value});
 }
 
+int InspectorTables::chain(const std::vector<Explanation::Candidate>& candidates) {
+    int chain = noChain;
+    for (auto weakest = candidates.rbegin(); weakest != candidates.rend(); ++weakest)
+        chain = m_chains.numberOf({candidate(*weakest), int(weakest->outcome), chain});
+    return chain;
+}
+
 int InspectorTables::contests(const Styleable& node) {
     const Explanation explanation(node);
     Numbers list;
-    for (const QByteArray& property : explanation.properties()) {
-        Numbers row = {number(property)};
-        for (const Explanation::Candidate& competitor : explanation.candidates(property)) {
-            row.push_back(candidate(competitor));
-            row.push_back(int(competitor.outcome));
-        }
-        list.push_back(m_contests.numberOf(row));
-    }
+    for (const QByteArray& property : explanation.properties())
+        list.push_back(m_contests.numberOf({number(property), chain(explanation.candidates(property))}));
     return m_lists.numberOf(list);
 }
 
@@ -139,6 +140,7 @@ void InspectorTables::write(JsonWriter& json) const {
     writeTable(json, "attributes", m_attributes.items(), writeNumbers);
     writeTable(json, "declarations", m_declarations.items(), writeNumbers);
     writeTable(json, "candidates", m_candidates.items(), writeNumbers);
+    writeTable(json, "chains", m_chains.items(), writeNumbers);
     writeTable(json, "contests", m_contests.items(), writeNumbers);
     writeTable(json, "lists", m_lists.items(), writeNumbers);
 }

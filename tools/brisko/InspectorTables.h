@@ -16,7 +16,10 @@ class InspectorTables {
 public:
     using Numbers = std::vector<int>;
 
-    InspectorTables() { number(QString()); }
+    InspectorTables() {
+        number(QString());
+        m_chains.numberOf({});
+    }
 
     int number(const QString& text) { return m_texts.numberOf(text); }
     /// Bytes are UTF-8.
@@ -37,20 +40,26 @@ public:
     ///     "attributes": [[NAME, EFFECTIVE, LAYER, TEXT, LAYER, TEXT, ...], ...]
     ///     "declarations": [[PROPERTY, VALUE, IMPORTANT, FILE, LINE], ...]
     ///     "candidates": [[DECLARATION, SELECTOR, ORIGIN, IDS, CLASSES, TYPES, VIA, VALUE], ...]
-    ///     "contests": [[PROPERTY, CANDIDATE, OUTCOME, CANDIDATE, OUTCOME, ...], ...]
+    ///     "chains": [[], [CANDIDATE, OUTCOME, CHAIN], ...]
+    ///     "contests": [[PROPERTY, CHAIN], ...]
     ///     "lists": [[...], ...]
-    /// Layers, lines, origins, counts and outcomes are themselves, everything else is a number of its table.
+    /// Layers, lines, origins, counts and outcomes are themselves, everything else is a number of its table. A chain
+    /// begins with the strongest candidate and ends at chain 0, so that winners share those that they all beat.
     void write(JsonWriter& json) const;
 
 private:
     int declaration(const Brisko::Explanation::Candidate& candidate);
     int selector(const Brisko::Explanation::Candidate& candidate);
     int candidate(const Brisko::Explanation::Candidate& candidate);
+    int chain(const std::vector<Brisko::Explanation::Candidate>& candidates);
+
+    static constexpr int noChain = 0;
 
     Numbering<QString> m_texts;
     Numbering<Numbers> m_attributes;
     Numbering<Numbers> m_declarations;
     Numbering<Numbers> m_candidates;
+    Numbering<Numbers> m_chains;
     Numbering<Numbers> m_contests;
     Numbering<Numbers> m_lists;
     QHash<int, int> m_declarationsById;

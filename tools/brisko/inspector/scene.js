@@ -126,6 +126,17 @@ function candidateOf(number, outcome) {
     };
 }
 
+/** The candidates for a property, strongest first. Chains share their ends; chain 0 is the end of all. */
+function candidatesOf(first) {
+    const candidates = [];
+    for (let chain = first; chain;) {
+        const [candidate, outcome, next] = data.chains[chain];
+        candidates.push(candidateOf(candidate, outcome));
+        chain = next;
+    }
+    return candidates;
+}
+
 /** Whether a declaration was the strongest, whatever became of it then. */
 function isHolder(candidate) {
     return ![Outcome.LostByImportance, Outcome.LostBySpecificity, Outcome.LostByOrder].includes(candidate.outcome);
@@ -135,10 +146,8 @@ function isHolder(candidate) {
     longhands that only it reached. */
 function contestsOf(node) {
     const contests = data.lists[node.raw.contests].map((number) => {
-        const [property, ...pairs] = data.contests[number];
-        const candidates = [];
-        for (let i = 0; i < pairs.length; i += 2)
-            candidates.push(candidateOf(pairs[i], pairs[i + 1]));
+        const [property, chain] = data.contests[number];
+        const candidates = candidatesOf(chain);
         return {property: textOf(property), candidates, winner: candidates.find(isHolder) || candidates[0], longhands: []};
     });
     const byProperty = new Map(contests.map((contest) => [contest.property, contest]));

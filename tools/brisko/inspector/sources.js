@@ -12,9 +12,8 @@ let shownLine = 0;
 function fatesIn(file) {
     const fates = new Map();
     for (const number of data.lists[selection.node.raw.contests]) {
-        const pairs = data.contests[number].slice(1);
-        for (let i = 0; i < pairs.length; i += 2) {
-            const candidate = candidateOf(pairs[i], pairs[i + 1]);
+        const [, chain] = data.contests[number];
+        for (const candidate of candidatesOf(chain)) {
             if (candidate.file === file && fates.get(candidate.line) !== 'won')
                 fates.set(candidate.line, candidate.outcome === Outcome.Wins ? 'won' : 'lost');
         }
