@@ -100,17 +100,35 @@ TEST_F(InspectCommand, PictureShowsTheMarginBoxOfTheRoot) {
     EXPECT_EQ(part["place"].toArray(), (QJsonArray{-4, -1, 7, 8}));
 }
 
-TEST_F(InspectCommand, PictureOfALargeImageIsMadeOfPixels) {
-    QImage noise(800, 800, QImage::Format_RGB32);
+/// A square picture that no compression makes smaller than three bytes for each pixel.
+QImage noise(int side) {
+    QImage image(side, side, QImage::Format_RGB32);
     std::mt19937 random(1);
-    for (int y = 0; y < noise.height(); ++y) {
-        for (int x = 0; x < noise.width(); ++x)
-            noise.setPixel(x, y, random() | 0xff000000);
+    for (int y = 0; y < side; ++y) {
+        for (int x = 0; x < side; ++x)
+            image.setPixel(x, y, random() | 0xff000000);
     }
-    ASSERT_TRUE(noise.save(QString::fromStdString(path("noise.png"))));
+    return image;
+}
+
+TEST_F(InspectCommand, PictureOfALargeImageIsMadeOfPixels) {
+    ASSERT_TRUE(noise(800).save(QString::fromStdString(path("noise.png"))));
     const QByteArray page = inspect("<s/>", "s { size: 20px; background: url(noise.png) 0 0 / 20px 20px }");
     EXPECT_TRUE(dataOf(page)["picture"].toObject()["url"].toString().startsWith("data:image/png;base64,"));
     EXPECT_LT(page.size(), 200000);
+}
+
+TEST_F(InspectCommand, PictureIsMadeOfPixelsWhereShapesAreHugeAndNotMuchLarger) {
+    const auto urlOfImage = [this](int side) {
+        EXPECT_TRUE(noise(side).save(QString::fromStdString(path("noise.png"))));
+        const std::string size = std::to_string(side) + "px";
+        const QJsonObject data = inspected("<s/>", "s { size: " + size + "; background: url(noise.png) }");
+        return data["picture"].toObject()["url"].toString();
+    };
+    const QString large = urlOfImage(550);
+    EXPECT_TRUE(large.startsWith("data:image/svg+xml;base64,"));
+    EXPECT_GT(large.size(), (4 << 20) / 3); // of the length from which pixels may be taken
+    EXPECT_TRUE(urlOfImage(700).startsWith("data:image/png;base64,"));
 }
 
 TEST_F(InspectCommand, ExcerptsHoldTheLinesRoundDeclarationsAndMessages) {

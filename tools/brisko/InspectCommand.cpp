@@ -20,6 +20,8 @@ namespace {
 
 // From here on pixels may take less room: shapes hold every image of the scene in its full size.
 constexpr int largeShapes = 1 << 20;
+// From here on any saving counts more than a close look.
+constexpr int hugeShapes = 3 << 19;
 
 using PictureWriter = bool (*)(QIODevice& out, CSSBoxModel& root, const PictureSize& size, const Options& options);
 
@@ -30,13 +32,18 @@ QByteArray painted(PictureWriter writePicture, CSSBoxModel& root, const PictureS
     return buffer.data();
 }
 
-/// The picture as shapes, which can be looked at closely; as pixels where those are many times smaller.
+/// The bytes that pixels have to stay below to be taken instead of shapes.
+int limitOfPixels(int shapes) {
+    return shapes < hugeShapes ? shapes / 2 : shapes;
+}
+
+/// The picture as shapes, which can be looked at closely; as pixels where those are a good deal smaller.
 QByteArray pictureUrl(CSSBoxModel& root, const PictureSize& size, const Options& options) {
     const QByteArray shapes = painted(writeSvg, root, size, options);
     if (shapes.size() >= largeShapes) {
         try {
             const QByteArray pixels = painted(writePng, root, size, options);
-            if (pixels.size() < shapes.size() / 2)
+            if (pixels.size() < limitOfPixels(shapes.size()))
                 return "data:image/png;base64," + pixels.toBase64();
         } catch (const Failure&) {
             // More groups inside of each other than pixels have memory for.
