@@ -249,6 +249,24 @@ test('attributes stand on their layers', async () => {
     }, {hash: '#/player/controls[1]/button[3]'});
 });
 
+test('Escape in the filter of properties clears it and nothing else', async () => {
+    await withPlayer(async (page) => {
+        await page.locator('#tabs [data-shows=tree]').click();
+        await page.locator('#query').fill('track');
+        await page.locator('#tabs [data-shows=node]').click();
+        const count = await page.locator('#cascade .toggle').count();
+        await page.locator('#filter').fill('no such property');
+        assert.equal(await page.locator('#cascade .toggle').count(), 0);
+        await page.keyboard.press('Escape');
+        assert.equal(await page.locator('#filter').inputValue(), '');
+        assert.equal(await page.locator('#cascade .toggle').count(), count);
+        assert.ok(count > 0);
+        assert.equal(await page.locator('#query').inputValue(), 'track');
+        assert.ok(await page.locator('#node-panel').isVisible());
+        assert.equal(await page.evaluate(() => document.activeElement.id), 'filter');
+    }, {viewport: {width: 400, height: 800}});
+});
+
 test('diagnostics lead to their lines', async () => {
     const {messages} = briskoJson('style', player.scene, ...sheetOptions(player));
     const different = new Set(messages.map((message) => message.text)).size;

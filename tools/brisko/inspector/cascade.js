@@ -146,10 +146,22 @@ byId('expand-all').addEventListener('click', (event) => {
     paintCascade();
 });
 
-byId('filter').addEventListener('input', (event) => {
-    filterText = event.target.value.trim().toLowerCase();
+const filter = byId('filter');
+
+function applyFilter() {
+    filterText = filter.value.trim().toLowerCase();
     paintCascade();
     paintAttributes();
+}
+
+filter.addEventListener('input', applyFilter);
+filter.addEventListener('keydown', (event) => {
+    if (event.key !== 'Escape')
+        return;
+    event.preventDefault();
+    event.stopPropagation(); // elsewhere it ends the search
+    filter.value = '';
+    applyFilter();
 });
 
 onSelection((what) => {
