@@ -37,13 +37,18 @@ protected:
         ASSERT_TRUE(m_loop.waitFor([&] { return m_process.state() == QProcess::NotRunning || findWindow(); }));
         ASSERT_NE(m_process.state(), QProcess::NotRunning) << m_process.readAllStandardError().toStdString();
     }
-    void start(const QString& display, const QStringList& arguments, const QString& scaleFactor = "1") {
+    void start(const QString& display, const QStringList& arguments, const QString& scaleFactor = "1",
+               const QString& platform = QString()) {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "XDG_SESSION_TYPE"})
             environment.remove(name);
         if (!display.isEmpty())
             environment.insert("DISPLAY", display);
         environment.insert("QT_SCALE_FACTOR", scaleFactor);
+        if (!platform.isEmpty()) {
+            environment.insert("QT_QPA_PLATFORM", platform);
+            environment.remove("XDG_RUNTIME_DIR");
+        }
         m_process.setProcessEnvironment(environment);
         m_process.start(BRISKO_PROGRAM, arguments);
     }
@@ -218,6 +223,29 @@ TEST_F(ViewProgram, SaysWhereThereIsNoDisplay) {
     EXPECT_EQ(m_process.exitCode(), 2);
     EXPECT_EQ(m_process.readAllStandardError(),
               "brisko: view: no window can be shown: could not connect to display :98765\n");
+}
+
+TEST_F(ViewProgram, SaysWhatKeepsAPlatformFromShowingWindowsAndNotWhichFolderIsMissing) {
+    const QStringList arguments = {"view", QString::fromStdString(write("scene.xml", scene)), "-s",
+                                   QString::fromStdString(write("sheet.css", sheet))};
+    start("", arguments, "1", "eglfs");
+    ASSERT_TRUE(hasEnded());
+    EXPECT_EQ(m_process.exitCode(), 2);
+    const QByteArray reason = m_process.readAllStandardError();
+    EXPECT_TRUE(reason.startsWith("brisko: view: no window can be shown: ")) << reason.toStdString();
+    EXPECT_FALSE(reason.contains("XDG_RUNTIME_DIR")) << reason.toStdString();
+}
+
+TEST_F(ViewProgram, SaysThatTheDisplayIsLost) {
+    view();
+    m_screen.end();
+    ASSERT_TRUE(hasEnded());
+    EXPECT_EQ(m_process.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(m_process.exitCode(), 2);
+    const QByteArray reason = m_process.readAllStandardError();
+    EXPECT_TRUE(reason.startsWith("brisko: view: the display is lost: The X11 connection broke"))
+        << reason.toStdString();
+    EXPECT_EQ(reason.count('\n'), 1) << reason.toStdString();
 }
 
 TEST_F(ViewProgram, RefusesASceneThatCannotBeRead) {

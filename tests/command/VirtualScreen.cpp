@@ -27,6 +27,10 @@ VirtualScreen::VirtualScreen() {
 }
 
 VirtualScreen::~VirtualScreen() {
+    end();
+}
+
+void VirtualScreen::end() {
     m_server.terminate();
     m_server.waitForFinished(longest);
 }

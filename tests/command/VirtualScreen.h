@@ -15,6 +15,9 @@ public:
     VirtualScreen(const VirtualScreen&) = delete;
     VirtualScreen& operator=(const VirtualScreen&) = delete;
 
+    /// Ends the server, and with it the connections of all programs.
+    void end();
+
     /// What DISPLAY has to say.
     QString display() const { return m_display; }
     /// The screen as it is now: the server keeps it in a file.

@@ -16,19 +16,28 @@ char programName[] = "brisko";
 /// What Qt complained about first while it looked for a display: it says why there is none, the fatal message does not.
 QByteArray* firstWarning = nullptr;
 
-/// Qt ends the process after a fatal message, but not as a command ought to.
-void handleMessage(QtMsgType type, const QMessageLogContext&, const QString& text) {
-    if (type == QtWarningMsg && firstWarning && firstWarning->isEmpty())
-        *firstWarning = text.toUtf8();
-    if (type != QtFatalMsg) {
-        Gorvel::Trace::debug("%s", text.toUtf8().constData());
-        return;
-    }
-    const QByteArray reason = firstWarning && !firstWarning->isEmpty() ? *firstWarning : text.toUtf8();
-    std::fprintf(stderr, "brisko: view: no window can be shown: %s\n",
-                 Gorvel::StringUtils::printable(reason.trimmed()).constData());
+[[noreturn]] void endProcess(const char* what, const QByteArray& reason) {
+    std::fprintf(stderr, "brisko: view: %s: %s\n", what, Gorvel::StringUtils::printable(reason.trimmed()).constData());
     std::fflush(stderr);
     std::_Exit(Failed);
+}
+
+/// Whether a warning is the last thing that Qt says before it ends the process.
+bool isLossOfDisplay(const QByteArray& warning) {
+    return warning.startsWith("The X11 connection broke") || warning.startsWith("The Wayland connection ");
+}
+
+/// Qt ends the process after a fatal message, and when the display is lost, but not as a command ought to.
+void handleMessage(QtMsgType type, const QMessageLogContext&, const QString& message) {
+    const QByteArray text = message.toUtf8();
+    if (type == QtFatalMsg)
+        endProcess("no window can be shown", firstWarning && !firstWarning->isEmpty() ? *firstWarning : text);
+    if (type == QtWarningMsg && isLossOfDisplay(text))
+        endProcess("the display is lost", text);
+    // Folders that are not there keep no window from being shown.
+    if (type == QtWarningMsg && firstWarning && firstWarning->isEmpty() && !text.startsWith("QStandardPaths:"))
+        *firstWarning = text;
+    Gorvel::Trace::debug("%s", text.constData());
 }
 
 } // namespace

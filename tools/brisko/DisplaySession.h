@@ -7,8 +7,8 @@
 
 namespace Command {
 
-/// Lets windows be shown while it lives. Where there is no display, it ends the process with exit code 2 and a message
-/// on the error stream: that cannot be found out without asking Qt, which would abort.
+/// Lets windows be shown while it lives. Where there is no display, or it is lost, it ends the process with exit code 2
+/// and a message on the error stream: that cannot be found out without asking Qt, which would end the process itself.
 class DisplaySession {
 public:
     DisplaySession();
