@@ -209,6 +209,37 @@ TEST_F(ViewProgram, EndsOnAKey) {
     EXPECT_EQ(m_process.readAllStandardError(), "");
 }
 
+TEST_F(ViewProgram, SaysInTextWhatItFindsAsItFindsIt) {
+    view();
+    write("sheet.css", std::string(sheet) + "#one + b { x: 0 }");
+    QByteArray said;
+    EXPECT_TRUE(m_loop.waitFor([&] { return (said += m_process.readAllStandardError()).endsWith('\n'); }));
+    EXPECT_EQ(said.toStdString(), "brisko: error: Sibling selectors are not supported\n");
+    EXPECT_EQ(m_process.readAllStandardOutput(), "");
+}
+
+TEST_F(ViewProgram, WritesOneJsonDocumentAtItsEnd) {
+    write("more.css", "#one + b { x: 0 }");
+    view({"-s", path("more.css"), "--format", "json"});
+    ASSERT_EQ(awaited(40, 40, "#ff0000"), "#ff0000");
+    write("sheet.css", std::string(sheet) + "#one { background: #ffff00 }");
+    ASSERT_EQ(awaited(40, 40, "#ffff00"), "#ffff00");
+    EXPECT_EQ(m_process.readAllStandardOutput(), "");
+    point(5, 5);
+    key("q");
+    ASSERT_TRUE(hasEnded());
+    EXPECT_EQ(m_process.exitCode(), 0);
+    EXPECT_EQ(m_process.readAllStandardError(), "");
+    const QByteArray out = m_process.readAllStandardOutput();
+    EXPECT_EQ(out.count('\n'), 1) << out.toStdString();
+    const QJsonObject document = Testing::RunResult{0, out.toStdString(), ""}.json();
+    EXPECT_EQ(Testing::texts(document["files"]), (std::vector<std::string>{path("sheet.css"), path("more.css")}));
+    const QJsonArray messages = document["messages"].toArray();
+    ASSERT_EQ(messages.size(), 2) << out.toStdString();
+    for (const QJsonValue& message : messages)
+        EXPECT_EQ(message["text"].toString(), "Sibling selectors are not supported");
+}
+
 TEST_F(ViewProgram, SaysWhereThereIsNoDisplay) {
     const QStringList arguments = {"view", QString::fromStdString(write("scene.xml", scene)), "-s",
                                    QString::fromStdString(write("sheet.css", sheet))};

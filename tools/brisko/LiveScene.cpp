@@ -37,6 +37,7 @@ LiveScene::LiveScene(const Options& options, std::function<void(const Report&)> 
         if (m_options.anyProperty)
             m_properties.addPropertiesOf(sheet);
         Hexley::Mipmap::setSearchPaths(imageFolders(files, m_options.arguments[0]));
+        m_files = files;
         m_meter = std::make_unique<CostMeter>();
     });
     m_watcher.setHandler([this](const StyleSheetWatcher::Report& report) { sheetsRead(report); });

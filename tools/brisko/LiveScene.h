@@ -34,6 +34,8 @@ public:
 
     Brisko::CSSBoxModel& root() const { return dynamic_cast<Brisko::CSSBoxModel&>(*m_root); }
     const Brisko::StyleSheet* sheet() const { return m_watcher.sheet().get(); }
+    /// The files that the sheet was read from, imported ones included.
+    const QStringList& files() const { return m_files; }
     /// The messages of the constructor.
     const std::vector<Gorvel::Trace::Message>& messages() const { return m_messages; }
     /// Why the files as they are now are not shown; empty where they are.
@@ -55,6 +57,7 @@ private:
     Gorvel::FileWatch m_sceneWatch;
     std::unique_ptr<CostMeter> m_meter; // while sheets are laid over the scene
     RestyleCost m_cost;
+    QStringList m_files;
     std::vector<Gorvel::Trace::Message> m_messages;
     QByteArray m_sceneFault;
     QByteArray m_sheetFault;
