@@ -166,7 +166,9 @@ TEST_F(WatchCommand, WrongUsageEndsAtOnce) {
     const std::string usage = "; usage: brisko watch (style|render|inspect|check) ...\n";
     EXPECT_EQ(run({"watch"}).err, "brisko: watch: no command given" + usage);
     EXPECT_EQ(run({"watch", "query", "s.xml", "a"}).err, "brisko: watch: 'query' cannot be watched" + usage);
-    EXPECT_EQ(run({"watch", "watch", "check", "a.css"}).err, "brisko: watch: no command given" + usage);
+    EXPECT_EQ(run({"watch", "view", "s.xml"}).err, "brisko: watch: 'view' cannot be watched" + usage);
+    EXPECT_EQ(run({"watch", "watch"}).err, "brisko: watch: 'watch' cannot be watched" + usage);
+    EXPECT_EQ(run({"watch", "watch", "check", "a.css"}).err, "brisko: watch: 'watch' cannot be watched" + usage);
     EXPECT_EQ(run({"watch", "style", "s.xml"}).exit, 2);
     const Testing::RunResult change = run({"watch", "style", "s.xml", "-s", "a.css", "--on", "a", "b"});
     EXPECT_EQ(change.exit, 2);

@@ -235,13 +235,11 @@ void readWatched(Options& options, const CLI::App& watch, const CommandRow& row)
     std::vector<QByteArray> arguments;
     for (const std::string& argument : watch.remaining())
         arguments.push_back(QByteArray::fromStdString(argument));
-    if (arguments.empty() || options.isWatched)
+    if (arguments.empty())
         throw Failure::because("watch: no command given; usage: " + usageLine(row));
     options.isWatched = true;
     options.command.clear();
     readInto(options, arguments);
-    if (!options.help && !options.version && !canBeWatched(options.command))
-        throw Failure::because("watch: '" + options.command + "' cannot be watched; usage: " + usageLine(row));
 }
 
 void readInto(Options& options, const std::vector<QByteArray>& arguments) {
@@ -276,6 +274,9 @@ void readInto(Options& options, const std::vector<QByteArray>& arguments) {
     const CommandRow* command = findCommand(options.command);
     if (!command)
         throw Failure::because("no command given; see brisko --help");
+    if (options.isWatched && !canBeWatched(options.command))
+        throw Failure::because("watch: '" + options.command +
+                               "' cannot be watched; usage: " + usageLine(*findCommand("watch")));
     if (command->bit == WatchCommand)
         return readWatched(options, *app.get_subcommand(command->name), *command);
     const QByteArray wrong = complaint(options, *command);
