@@ -124,6 +124,13 @@ TEST_F(CommandLineUsage, HelpOfACommandNamesItsOptionsOnly) {
     EXPECT_NE(run({"parse", "-h"}).out.find("--simple-selector TEXT"), std::string::npos);
 }
 
+TEST_F(CommandLineUsage, HelpOffersTheFormatsThatACommandHas) {
+    EXPECT_NE(run({"check", "-h"}).out.find("--format text|json|sarif "), std::string::npos);
+    EXPECT_EQ(run({"check", "-h"}).out.find("--format text|json "), std::string::npos);
+    EXPECT_NE(run({"style", "-h"}).out.find("--format text|json "), std::string::npos);
+    EXPECT_EQ(run({"style", "-h"}).out.find("sarif"), std::string::npos);
+}
+
 TEST_F(CommandLineUsage, ArgumentsOfAnyBytesAreRefusedQuietly) {
     EXPECT_EQ(run({"check", "\xff\xfe"}).exit, 2);
     EXPECT_EQ(run({"query", "\xff", "\xff\x01"}).exit, 2);

@@ -24,6 +24,8 @@ LINES = [
     ("brisko style --form", "brisko style --format"),
     ("brisko style --format js", "brisko style --format json"),
     ("brisko style --format=js", "brisko style --format=json"),
+    ("brisko check --format sa", "brisko check --format sarif"),
+    ("brisko watch check --format sa", "brisko watch check --format sarif"),
     ("brisko --color alw", "brisko --color always"),
     ("brisko check theme.", "brisko check theme.css"),
     ("brisko check --import-root them", "brisko check --import-root themes/"),
@@ -32,7 +34,8 @@ LINES = [
     ("brisko --origin 2 quer", "brisko --origin 2 query"),
 ]
 # Where nothing can be offered.
-DEAD_ENDS = ["brisko style --why", "brisko parse --origin them", "brisko frob", "brisko style --on them"]
+DEAD_ENDS = ["brisko style --why", "brisko parse --origin them", "brisko frob", "brisko style --on them",
+             "brisko style --format sa", "brisko --format sa"]  # fmt: skip
 
 
 def printed(*command: str) -> str:

@@ -24,14 +24,12 @@ class ArgumentReader {
 public:
     ArgumentReader(CLI::App& app, unsigned commands) : m_app(app) {
         app.set_help_flag();
-        for (const OptionRow& row : optionTable()) {
-            if ((row.commands & commands) != commands)
-                continue;
-            CLI::Option* option = row.argumentCount == 0 ? app.add_flag(row.names) : app.add_option(row.names);
-            if (row.argumentCount > 0)
-                option->type_size(row.argumentCount)->expected(1)->allow_extra_args(false);
+        for (const OptionRow* row : optionsOf(commands)) {
+            CLI::Option* option = row->argumentCount == 0 ? app.add_flag(row->names) : app.add_option(row->names);
+            if (row->argumentCount > 0)
+                option->type_size(row->argumentCount)->expected(1)->allow_extra_args(false);
             option->take_all();
-            m_rows[option] = &row;
+            m_rows[option] = row;
         }
     }
 
@@ -183,13 +181,22 @@ QByteArray usageLine(const CommandRow& row) {
     return QByteArray("brisko ") + row.name + " " + row.usage;
 }
 
-void appendOptions(QByteArray& text, unsigned commands) {
-    for (const OptionRow& row : optionTable()) {
-        if ((row.commands & commands) == 0)
-            continue;
-        const QByteArray left = "  " + QByteArray(row.names).replace(",", ", ") + " " + row.arguments;
-        text += left.leftJustified(30) + " " + row.help + "\n";
+QByteArray optionLine(const OptionRow& row) {
+    const QByteArray left = "  " + QByteArray(row.names).replace(",", ", ") + " " + row.arguments;
+    return left.leftJustified(30) + " " + row.help + "\n";
+}
+
+/// @param command  null: of all commands
+QByteArray optionLines(const CommandRow* command) {
+    QByteArray text;
+    if (command) {
+        for (const OptionRow* row : optionsOf(command->bit))
+            text += optionLine(*row);
+    } else {
+        for (const OptionRow& row : optionTable())
+            text += optionLine(row);
     }
+    return text;
 }
 
 } // namespace
@@ -199,10 +206,8 @@ QByteArray helpText(const QByteArray& command) {
     const CommandRow* only = findCommand(command);
     if (only) {
         text = "Usage: " + usageLine(*only) + " [OPTION]...\n";
-        if (only->bit == ParseCommand)
-            text += "       brisko parse --selectors TEXT | --simple-selector TEXT | --value TEXT\n";
-        if (only->bit == ExplainCommand)
-            text += "       brisko explain SCENE -s SHEET... SELECTOR --why-not SELECTOR\n";
+        if (*only->otherUsage)
+            text += QByteArray("       brisko ") + only->name + " " + only->otherUsage + "\n";
         text += "\n" + QByteArray(only->help) + "\n";
     } else {
         text = "Usage: brisko COMMAND ...\n\nCommands:\n";
@@ -211,9 +216,7 @@ QByteArray helpText(const QByteArray& command) {
     }
     if (only && only->bit == WatchCommand)
         text += "Options of that command may follow; a signal (Ctrl+C) ends it.\n";
-    text += "\nOptions:\n";
-    appendOptions(text, only ? only->bit : AllCommands);
-    text += "\nExit:";
+    text += "\nOptions:\n" + optionLines(only) + "\nExit:";
     for (const ExitRow& row : exitTable())
         text += (row.code == 0 ? " " : "; ") + QByteArray::number(row.code) + " " + row.meaning;
     text += ".\n";

@@ -4,6 +4,7 @@
 #include "Gorvel/Color.h"
 #include "PaintGeometry.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace Command {
@@ -96,11 +97,13 @@ const std::vector<ExitRow>& exitTable() {
 const std::vector<CommandRow>& commandTable() {
     static const std::vector<CommandRow> table = {
         {CheckCommand, "check", "SHEET...", "print the diagnostics of style sheets, one line each"},
-        {ParseCommand, "parse", "SHEET | -", "print a sheet as parsed; - reads the standard input"},
+        {ParseCommand, "parse", "SHEET | -", "print a sheet as parsed; - reads the standard input",
+         "--selectors TEXT | --simple-selector TEXT | --value TEXT"},
         {StyleCommand, "style", "SCENE -s SHEET...", "print the styled tree and where its values come from"},
         {QueryCommand, "query", "SCENE [-s SHEET...] SELECTOR", "print the paths of the nodes that a selector matches"},
         {ExplainCommand, "explain", "SCENE -s SHEET... SELECTOR PROPERTY",
-         "print every declaration that competed for a property, strongest first, and why it won or lost"},
+         "print every declaration that competed for a property, strongest first, and why it won or lost",
+         "SCENE -s SHEET... SELECTOR --why-not SELECTOR"},
         {RenderCommand, "render", "SCENE -s SHEET... -o FILE.png|FILE.svg", "paint the styled scene into a picture"},
         {InspectCommand, "inspect", "SCENE -s SHEET... -o FILE.html",
          "write a page that shows the boxes of the scene and why its values won"},
@@ -133,7 +136,8 @@ const std::vector<OptionRow>& optionTable() {
          }},
         {"--lint", "", 0, CheckCommand, "name what this dialect of CSS does not do, and what to write instead",
          [](Options& options, const Arguments&) { options.lint = true; }},
-        {"--scene", "FILE", 1, CheckCommand, "the same, and what the sheets say in vain to the nodes of this scene",
+        {"--scene", "FILE", 1, CheckCommand,
+         "what --lint does, and what the sheets say in vain to the nodes of this scene",
          [](Options& options, const Arguments& a) { options.scene = a[0]; }},
         {"--all", "", 0, StyleCommand, "list every attribute, also where only the default holds",
          [](Options& options, const Arguments&) { options.allAttributes = true; }},
@@ -154,7 +158,8 @@ const std::vector<OptionRow>& optionTable() {
          [](Options& options, const Arguments& a) { options.simpleSelectorText = a[0]; }},
         {"--value", "TEXT", 1, ParseCommand, "parse one property value",
          [](Options& options, const Arguments& a) { options.valueText = a[0]; }},
-        {"--format", "text|json", 1, AllCommands, "form of the output (default text); check has sarif, too", setFormat},
+        {"--format", "text|json", 1, AllCommands, "form of the output (default text)", setFormat},
+        {"--format", "text|json|sarif", 1, CheckCommand, "form of the output of check (default text)", setFormat},
         {"--color", "auto|always|never", 1, AllCommands, "colours; auto: on terminals, unless NO_COLOR is set",
          setColor},
         {"--debug", "", 0, AllCommands, "debug messages too",
@@ -165,6 +170,22 @@ const std::vector<OptionRow>& optionTable() {
          [](Options& options, const Arguments&) { options.version = true; }},
     };
     return table;
+}
+
+std::vector<const OptionRow*> optionsOf(unsigned commands) {
+    std::vector<const OptionRow*> options;
+    for (const OptionRow& row : optionTable()) {
+        if ((row.commands & commands) != commands)
+            continue;
+        const auto same = std::find_if(options.begin(), options.end(), [&row](const OptionRow* option) {
+            return QByteArray(option->names) == row.names;
+        });
+        if (same == options.end())
+            options.push_back(&row);
+        else
+            *same = &row;
+    }
+    return options;
 }
 
 } // namespace Command

@@ -28,9 +28,11 @@ struct CommandRow {
     const char* name;
     const char* usage; ///< what follows the name
     const char* help;
+    const char* otherUsage = ""; ///< another form of what follows the name
 };
 
-/// One option: what the command line accepts and what the help says.
+/// One option: what the command line accepts and what the help says. Where an option takes more of some commands than
+/// of others, a later row of the same names says what it takes of those.
 struct OptionRow {
     const char* names;     ///< as CLI11 takes them: "-s,--sheet"
     const char* arguments; ///< their names in the help; empty for a flag
@@ -49,5 +51,8 @@ struct ExitRow {
 const std::vector<ExitRow>& exitTable();
 const std::vector<CommandRow>& commandTable();
 const std::vector<OptionRow>& optionTable();
+
+/// The options that all of these commands have, each as it holds for them.
+std::vector<const OptionRow*> optionsOf(unsigned commands);
 
 } // namespace Command

@@ -38,13 +38,8 @@ QList<QByteArray> commandsBelow(const CommandRow& command) {
 }
 
 QList<const OptionRow*> optionsOf(const CommandRow* command) {
-    const unsigned commands = command ? unsigned(command->bit) : unsigned(Command::AllCommands);
-    QList<const OptionRow*> options;
-    for (const OptionRow& row : Command::optionTable()) {
-        if ((row.commands & commands) == commands)
-            options.append(&row);
-    }
-    return options;
+    const auto options = Command::optionsOf(command ? unsigned(command->bit) : unsigned(Command::AllCommands));
+    return QList<const OptionRow*>(options.begin(), options.end());
 }
 
 QByteArray quoted(const QByteArray& text) {

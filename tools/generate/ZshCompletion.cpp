@@ -84,7 +84,7 @@ QByteArray zshCompletion() {
     for (const CommandRow& command : Command::commandTable())
         text += "        " + quoted(QByteArray(command.name) + ":" + escaped(command.help)) + "\n";
     text += "    )\n"
-            "    _arguments -C \\\n" +
+            "    _arguments -C -A '-*' \\\n" + // options behind the command are its own
             specifications(optionsOf(nullptr), "        ") +
             "        '1:command:->command' \\\n"
             "        '*::argument:->argument' && ret=0\n"
