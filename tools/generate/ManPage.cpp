@@ -26,13 +26,23 @@ QByteArray sentence(const QByteArray& help) {
     return plain(help.left(1).toUpper() + help.mid(1)) + ".";
 }
 
-/// The words of a usage: those in capitals are placeholders, options are as they are typed.
+/// A word of a usage: capitals are a placeholder, also before an ending ("FILE.png"); options are as they are typed.
+QByteArray usageWord(const QByteArray& word) {
+    const QByteArray name = word.split('.').first();
+    const QByteArray ending = word.mid(name.size());
+    const bool isPlaceholder = name == name.toUpper() && name != name.toLower();
+    if (!isPlaceholder && ending != "...")
+        return bold(word);
+    return (isPlaceholder ? "\\fI" + plain(name) + "\\fR" : QByteArray()) +
+           (ending.isEmpty() || ending == "..." ? plain(ending) : bold(ending));
+}
+
+/// The words of a usage.
 QByteArray usageText(const QByteArray& usage) {
     QByteArray text;
     QByteArray word;
     const auto endWord = [&] {
-        const bool isPlaceholder = !word.isEmpty() && word == word.toUpper() && word != word.toLower();
-        text += word.isEmpty() ? word : isPlaceholder ? "\\fI" + plain(word) + "\\fR" : bold(word);
+        text += word.isEmpty() ? word : usageWord(word);
         word.clear();
     };
     for (const char c : usage) {
@@ -44,24 +54,27 @@ QByteArray usageText(const QByteArray& usage) {
         }
     }
     endWord();
-    return text.replace("...", "\\&...");
+    return text;
 }
 
-QByteArray commandHeading(const CommandRow& command) {
-    return bold(QByteArray("brisko ") + command.name) + " " + usageText(command.usage);
+QByteArray commandHeading(const CommandRow& command, const char* usage) {
+    return bold(QByteArray("brisko ") + command.name) + " " + usageText(usage);
 }
 
 QByteArray synopsis() {
     QByteArray text = ".SH SYNOPSIS\n.nf\n";
-    for (const CommandRow& command : Command::commandTable())
-        text += commandHeading(command) + " [\\fIOPTION\\fR\\&...]\n";
+    for (const CommandRow& command : Command::commandTable()) {
+        text += commandHeading(command, command.usage) + " [\\fIOPTION\\fR\\&...]\n";
+        if (*command.otherUsage)
+            text += commandHeading(command, command.otherUsage) + "\n";
+    }
     return text + bold("brisko --help") + " | " + bold("--version") + "\n.fi\n";
 }
 
 QByteArray commands() {
     QByteArray text = ".SH COMMANDS\n";
     for (const CommandRow& command : Command::commandTable())
-        text += ".TP\n" + commandHeading(command) + "\n" + sentence(command.help) + "\n";
+        text += ".TP\n" + commandHeading(command, command.usage) + "\n" + sentence(command.help) + "\n";
     return text;
 }
 
