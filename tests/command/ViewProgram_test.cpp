@@ -3,6 +3,7 @@
 #include "support/EventLoop.h"
 
 #include <QColor>
+#include <QFileInfo>
 #include <QHash>
 #include <QPoint>
 
@@ -259,6 +260,8 @@ TEST_F(ViewProgram, SaysWhereThereIsNoDisplay) {
 TEST_F(ViewProgram, SaysWhatKeepsAPlatformFromShowingWindowsAndNotWhichFolderIsMissing) {
     const QStringList arguments = {"view", QString::fromStdString(write("scene.xml", scene)), "-s",
                                    QString::fromStdString(write("sheet.css", sheet))};
+    if (QFileInfo::exists("/dev/dri"))
+        GTEST_SKIP() << "the screen could be taken";
     start("", arguments, "1", "eglfs");
     ASSERT_TRUE(hasEnded());
     EXPECT_EQ(m_process.exitCode(), 2);
