@@ -40,25 +40,25 @@ QByteArray action(const Argument& argument) {
 }
 
 /// A line of _arguments for each name of an option. Each may be repeated.
-QByteArray specifications(const OptionRow& row, const QByteArray& indent) {
+QByteArray optspecs(const OptionRow& row, const QByteArray& indent) {
     QByteArray text;
     const QList<Argument> arguments = argumentsOf(row);
     for (const QByteArray& name : namesOf(row)) {
-        QByteArray specification = "*" + name;
+        QByteArray optspec = "*" + name;
         if (!arguments.isEmpty())
-            specification += name.startsWith("--") ? "=" : "+";
-        specification += "[" + escaped(row.help) + "]";
+            optspec += name.startsWith("--") ? "=" : "+";
+        optspec += "[" + escaped(row.help) + "]";
         for (const Argument& argument : arguments)
-            specification += ":" + escaped(argument.name) + ":" + action(argument);
-        text += indent + quoted(specification) + " \\\n";
+            optspec += ":" + escaped(argument.name) + ":" + action(argument);
+        text += indent + quoted(optspec) + " \\\n";
     }
     return text;
 }
 
-QByteArray specifications(const QList<const OptionRow*>& rows, const QByteArray& indent) {
+QByteArray optspecs(const QList<const OptionRow*>& rows, const QByteArray& indent) {
     QByteArray text;
     for (const OptionRow* row : rows)
-        text += specifications(*row, indent);
+        text += optspecs(*row, indent);
     return text;
 }
 
@@ -67,7 +67,7 @@ QByteArray commandCase(const CommandRow& command) {
     const QByteArray indent(20, ' ');
     QByteArray text = "                " + QByteArray(command.name) + ")\n";
     if (commandsBelow(command).isEmpty()) {
-        text += "                    _arguments \\\n" + specifications(optionsOf(&command), indent + "    ");
+        text += "                    _arguments \\\n" + optspecs(optionsOf(&command), indent + "    ");
         return text + indent + "    '*:file:_files' && ret=0\n" + indent + ";;\n";
     }
     text += indent + "if (( CURRENT == 2 )); then\n" + indent + "    compadd " + commandsBelow(command).join(' ') +
@@ -85,7 +85,7 @@ QByteArray zshCompletion() {
         text += "        " + quoted(QByteArray(command.name) + ":" + escaped(command.help)) + "\n";
     text += "    )\n"
             "    _arguments -C -A '-*' \\\n" + // options behind the command are its own
-            specifications(optionsOf(nullptr), "        ") +
+            optspecs(optionsOf(nullptr), "        ") +
             "        '1:command:->command' \\\n"
             "        '*::argument:->argument' && ret=0\n"
             "    case $state in\n"
