@@ -23,14 +23,7 @@ struct Result {
 };
 
 const char* levelOf(Trace::Level level) {
-    switch (level) {
-    case Trace::Level::Error:
-        return "error";
-    case Trace::Level::Warning:
-        return "warning";
-    default:
-        return "note";
-    }
+    return level == Trace::Level::Debug ? "note" : levelName(level);
 }
 
 /// A reference that is relative where the path is (RFC 3986).
