@@ -63,10 +63,7 @@ void writeJson(std::ostream& out, const StyledScene& scene, const Options& optio
     json.beginObject();
     json.key("output");
     json.value(QString::fromUtf8(options.output));
-    json.key("files");
-    writeTexts(json, scene.sheets().files());
-    json.key("messages");
-    writeMessages(json, log.messages());
+    writeFilesAndMessages(json, scene.sheets().files(), log.messages());
     json.endObject();
     out << '\n';
 }

@@ -32,10 +32,7 @@ void writeJson(std::ostream& out, const StyledScene& scene, const PictureSize& s
     json.value(size.pixels.width());
     json.value(size.pixels.height());
     json.endArray();
-    json.key("files");
-    writeTexts(json, scene.sheets().files());
-    json.key("messages");
-    writeMessages(json, log.messages());
+    writeFilesAndMessages(json, scene.sheets().files(), log.messages());
     json.endObject();
     out << '\n';
 }

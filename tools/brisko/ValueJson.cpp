@@ -139,4 +139,11 @@ void writeMessages(JsonWriter& json, const std::vector<Message>& messages) {
     json.endArray();
 }
 
+void writeFilesAndMessages(JsonWriter& json, const QStringList& files, const std::vector<Message>& messages) {
+    json.key("files");
+    writeTexts(json, files);
+    json.key("messages");
+    writeMessages(json, messages);
+}
+
 } // namespace Command

@@ -18,5 +18,7 @@ void writeSelector(JsonWriter& json, const Brisko::Selector& selector);
 void writeDeclaration(JsonWriter& json, const Brisko::Declaration& declaration, const QString& source);
 void writeTexts(JsonWriter& json, const QStringList& texts);
 void writeMessages(JsonWriter& json, const std::vector<Message>& messages);
+/// The members "files" and "messages" of an object.
+void writeFilesAndMessages(JsonWriter& json, const QStringList& files, const std::vector<Message>& messages);
 
 } // namespace Command

@@ -34,10 +34,7 @@ public:
             return;
         JsonWriter json(m_console.out);
         json.beginObject();
-        json.key("files");
-        writeTexts(json, files);
-        json.key("messages");
-        writeMessages(json, m_messages);
+        writeFilesAndMessages(json, files, m_messages);
         json.endObject();
         m_console.out << '\n';
     }
